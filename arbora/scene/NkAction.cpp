@@ -1,0 +1,208 @@
+#include "arbora/scene/NkAction.h"
+
+#include <algorithm>
+
+#include "arbora/base/NkDebugError.h"
+#include "arbora/scene/NkChildList.h"
+#include "arbora/scene/NkNode.h"
+#include "arbora/scene/NkPath.h"
+
+NkType NkAction::s_classTypeId;
+
+NkAction::NkAction() = default;
+
+NkAction::NkAction(const NbViewportRegion& viewport) : m_viewport(viewport) {}
+
+NkAction::~NkAction() = default;
+
+NkType NkAction::getClassTypeId() {
+  return s_classTypeId;
+}
+
+void NkAction::initClass() {
+  s_classTypeId = NkType::createType(NkType::badType(), "Action");
+}
+
+void NkAction::exitClass() {
+  NkType::removeType("Action");
+  s_classTypeId = NkType::badType();
+}
+
+void NkAction::apply(NkNode* root) {
+  if (!root)
+    return;
+  m_paths.clear();
+  m_nextIndices.clear();
+  m_pathCode = NO_PATH;
+  traverseRoot(root);
+}
+
+void NkAction::apply(NkPath* path) {
+  if (!path || !path->getHead())
+    return;
+  const arbora::Ref<NkPath> keep(path);
+  m_paths.assign(1, path->full());
+  m_pathCode = IN_PATH;
+  enterPath(-1);
+  traverseRoot(path->getHead());
+}
+
+void NkAction::apply(const NkPathList& paths) {
+  // The paths from one head are walked together, so that what they share is visited once.
+  std::vector<arbora::Ref<NkPath>> waiting;
+  for (int i = 0; i < paths.getLength(); ++i) {
+    if (paths[i] && paths[i]->getHead())
+      waiting.emplace_back(paths[i]);
+  }
+  while (!waiting.empty()) {
+    NkNode* head = waiting.front()->getHead();
+    std::vector<arbora::Ref<NkPath>> together;
+    m_paths.clear();
+    for (const arbora::Ref<NkPath>& path : waiting) {
+      if (path->getHead() != head)
+        continue;
+      together.push_back(path);
+      m_paths.push_back(path->full());
+    }
+    std::erase_if(waiting, [head](const arbora::Ref<NkPath>& path) { return path->getHead() == head; });
+    m_pathCode = IN_PATH;
+    enterPath(-1);
+    traverseRoot(head);
+  }
+}
+
+void NkAction::invalidateState() {
+  m_state = NkState();
+  m_viewVolumes.clear();
+}
+
+NkAction::PathCode NkAction::getPathCode(int& count, const int*& indices) const {
+  count = static_cast<int>(m_nextIndices.size());
+  indices = m_nextIndices.data();
+  return m_pathCode;
+}
+
+NkFullPath* NkAction::makePath(const std::vector<Step>& steps) {
+  NkFullPath* path = NkPath::create();
+  for (const Step& step : steps)
+    path->appendUnchecked(step.node, step.index);
+  return path;
+}
+
+NkFullPath* NkAction::copyCurPath() const {
+  return makePath(m_steps);
+}
+
+void NkAction::setViewVolume(const NbViewVolume& volume) {
+  m_viewVolumes.push_back(std::make_unique<NbViewVolume>(volume));
+  m_state.viewVolume = m_viewVolumes.back().get();
+}
+
+void NkAction::traverseRoot(NkNode* root) {
+  const arbora::KeepAlive alive(root);
+  invalidateState();
+  m_terminated = false;
+  m_depthReported = false;
+  m_steps.clear();
+  m_stateStack.clear();
+  beginTraversal();
+  visit(root, -1);
+  endTraversal();
+  m_paths.clear();
+  m_nextIndices.clear();
+  m_pathCode = NO_PATH;
+}
+
+void NkAction::enterPath(int index) {
+  // The paths that go through the child `index`, and where they go on from it.
+  const std::size_t depth = m_steps.size();  // Of the node that is entered.
+  if (index >= 0) {
+    std::erase_if(m_paths, [&](const NkFullPath* path) {
+      return path->getLength() <= static_cast<int>(depth) || path->getIndex(static_cast<int>(depth)) != index;
+    });
+  }
+  m_nextIndices.clear();
+  if (m_paths.empty()) {
+    m_pathCode = OFF_PATH;
+    return;
+  }
+  m_pathCode = IN_PATH;
+  for (const NkFullPath* path : m_paths) {
+    if (path->getLength() == static_cast<int>(depth) + 1) {
+      // A path that ends here takes in all that is below.
+      m_pathCode = BELOW_PATH;
+      m_nextIndices.clear();
+      return;
+    }
+    m_nextIndices.push_back(path->getIndex(static_cast<int>(depth) + 1));
+  }
+  std::sort(m_nextIndices.begin(), m_nextIndices.end());
+  m_nextIndices.erase(std::unique(m_nextIndices.begin(), m_nextIndices.end()), m_nextIndices.end());
+}
+
+void NkAction::visit(NkNode* node, int index) {
+  m_steps.push_back({node, index});
+  node->arm();
+  dispatch(node);
+  m_steps.pop_back();
+}
+
+void NkAction::forwardTraversal(NkNode* node) {
+  if (node)
+    dispatch(node);
+}
+
+void NkAction::traverseChild(NkNode* child, int index) {
+  if (m_steps.size() >= static_cast<std::size_t>(kMaxDepth)) {
+    if (!m_depthReported)
+      NkDebugError::post("NkAction::traverse", "The scene is nested deeper than %d levels; what is below isn't visited",
+                         kMaxDepth);
+    m_depthReported = true;
+    return;
+  }
+  if (child->getChildren() &&
+      std::any_of(m_steps.begin(), m_steps.end(), [child](const Step& step) { return step.node == child; })) {
+    if (!m_depthReported)
+      NkDebugError::post("NkAction::traverse", "A node of type %s contains itself; it isn't visited again",
+                         child->getTypeId().getName().getString());
+    m_depthReported = true;
+    return;
+  }
+  // The visit may take the child out of the scene.
+  const arbora::KeepAlive alive(child);
+  if (m_pathCode != IN_PATH) {
+    visit(child, index);
+    return;
+  }
+  std::vector<const NkFullPath*> paths(m_paths);
+  std::vector<int> nextIndices(m_nextIndices);
+  enterPath(index);
+  visit(child, index);
+  m_paths.swap(paths);
+  m_nextIndices.swap(nextIndices);
+  m_pathCode = IN_PATH;
+}
+
+void NkAction::traverseChildren(NkChildList& children, int first, int last) {
+  if (!visitsBelowPath() && (m_pathCode == BELOW_PATH || m_pathCode == NO_PATH))
+    return;
+  if (m_pathCode != IN_PATH) {
+    for (int i = std::max(first, 0); i <= last && i < children.getLength() && !m_terminated; ++i)
+      traverseChild(children[i], i);
+    return;
+  }
+  const std::vector<int> next(m_nextIndices);
+  for (int i = std::max(first, 0); i <= std::min(last, next.back()) && i < children.getLength() && !m_terminated; ++i) {
+    if (std::binary_search(next.begin(), next.end(), i) || children[i]->affectsState())
+      traverseChild(children[i], i);
+  }
+}
+
+NkAction::StateScope::StateScope(NkAction* action) : m_action(action) {
+  action->m_stateStack.push_back(action->m_state);
+}
+
+NkAction::StateScope::~StateScope() {
+  m_action->m_state = m_action->m_stateStack.back();
+  m_action->m_stateStack.pop_back();
+}

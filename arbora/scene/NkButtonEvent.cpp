@@ -1,0 +1,7 @@
+#include "arbora/scene/NkButtonEvent.h"
+
+NK_EVENT_SOURCE(NkButtonEvent, NkEvent, "ButtonEvent");
+
+NkButtonEvent::NkButtonEvent() = default;
+
+NkButtonEvent::~NkButtonEvent() = default;

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "arbora/scene/NkDelayQueueSensor.h"
+#include "arbora/scene/NkNotification.h"
+
+class NkField;
+class NkNode;
+
+/// Base of the sensors that watch scene data.
+class ARBORA_API NkDataSensor : public NkDelayQueueSensor {
+ public:
+  ~NkDataSensor() override;
+
+  /// Called when the watched object is about to go; the sensor is detached afterwards.
+  void setDeleteCallback(NkSensorCB* callback, void* data = nullptr);
+
+  /// The field whose write set this sensor off, inside the callback; NULL otherwise or if it wasn't a write of a field.
+  NkField* getTriggerField() const { return m_triggerField; }
+  /// The node in which the change arose, inside the callback; NULL otherwise.
+  NkNode* getTriggerNode() const { return m_triggerNode; }
+
+  void trigger() override;
+
+ protected:
+  explicit NkDataSensor(NkSensorCB* callback = nullptr, void* data = nullptr) : NkDelayQueueSensor(callback, data) {}
+  void callDeleteCallback();
+
+ private:
+  friend class NkField;
+  friend class NkFieldContainer;
+  friend class NkNode;
+  friend struct NkNotification;
+  /// The watched object changed.
+  void notify(const NkNotification& notification);
+  /// The watched object is about to go.
+  virtual void watchedObjectDies() = 0;
+
+  NkSensorCB* m_deleteCallback = nullptr;
+  void* m_deleteData = nullptr;
+  NkField* m_triggerField = nullptr;
+  NkNode* m_triggerNode = nullptr;
+  bool* m_deathFlag = nullptr;  // Set by the destructor while the callback runs.
+};

@@ -1,0 +1,100 @@
+#include "arbora/scene/NkInteractionKit.h"
+
+#include "arbora/base/NkDebugError.h"
+#include "arbora/scene/NkPath.h"
+#include "arbora/scene/NkSeparator.h"
+#include "arbora/scene/NkSwitch.h"
+
+NK_KIT_SOURCE(NkInteractionKit, NkBaseKit, "InteractionKit");
+
+NkInteractionKit::NkInteractionKit() {
+  NK_KIT_CONSTRUCTOR(NkInteractionKit);
+  NK_KIT_ADD_CATALOG_ENTRY(topSeparator, NkSeparator, true, "this", "", false);
+  NK_KIT_ADD_CATALOG_ENTRY(geomSeparator, NkSeparator, true, "topSeparator", "", false);
+  NK_KIT_INIT_INSTANCE();
+}
+
+NkInteractionKit::~NkInteractionKit() = default;
+
+void NkInteractionKit::setSwitchValue(NkNode* node, int whichChild) {
+  if (!node || !node->isOfType(NkSwitch::getClassTypeId()))
+    return;
+  auto* switchNode = static_cast<NkSwitch*>(node);
+  if (switchNode->whichChild.getValue() != whichChild)
+    switchNode->whichChild = whichChild;
+}
+
+// Default parts
+
+bool NkInteractionKit::setPartAsDefault(const NbName& partName, NkNode* node, bool onlyIfAlready) {
+  NkSFNode* holder = getPartHolder(partName);
+  if (!holder || !node || (onlyIfAlready && !holder->isDefault()))
+    return false;
+  if (!setAnyPart(partName, node))
+    return false;
+  holder->setDefault(true);
+  return true;
+}
+
+bool NkInteractionKit::setPartAsDefault(const NbName& partName, const NbName& nodeName, bool onlyIfAlready) {
+  return setPartAsDefault(partName, NkNode::getByName(nodeName), onlyIfAlready);
+}
+
+// Surrogates
+
+bool NkInteractionKit::setPartAsPath(const NbName& partName, NkPath* surrogate) {
+  const arbora::Ref<NkPath> keep(surrogate);
+  // The part's own node goes, and with it an older surrogate.
+  if (!setAnyPart(partName, nullptr, false))
+    return false;
+  if (surrogate) {
+    if (!m_surrogates)
+      m_surrogates = std::make_unique<std::vector<Surrogate>>();
+    m_surrogates->push_back({partName, keep});
+  }
+  return true;
+}
+
+void NkInteractionKit::removeSurrogate(const NbName& partName) {
+  if (m_surrogates)
+    std::erase_if(*m_surrogates, [&](const Surrogate& surrogate) { return surrogate.part == partName; });
+}
+
+bool NkInteractionKit::setAnyPart(const NbName& partName, NkNode* node, bool anyPart) {
+  if (!NkBaseKit::setAnyPart(partName, node, anyPart))
+    return false;
+  removeSurrogate(partName);
+  return true;
+}
+
+const NkPath* NkInteractionKit::findSurrogate(const NkPath* pickPath) const {
+  if (!m_surrogates || !pickPath)
+    return nullptr;
+  for (const Surrogate& surrogate : *m_surrogates) {
+    if (pickPath->containsPath(surrogate.path.get()))
+      return surrogate.path.get();
+  }
+  return nullptr;
+}
+
+// Connections
+
+bool NkInteractionKit::setUpConnections(bool onOff, bool) {
+  const bool previous = m_connectionsSetUp;
+  m_connectionsSetUp = onOff;
+  return previous;
+}
+
+bool NkInteractionKit::readInstance(NkInput* in, unsigned short flags) {
+  // What is read must not run through connections to parts that the file is about to replace.
+  const bool connected = setUpConnections(false, true);
+  const bool good = NkBaseKit::readInstance(in, flags);
+  setUpConnections(connected, true);
+  return good;
+}
+
+void NkInteractionKit::copyContents(const NkNode* original) {
+  NkBaseKit::copyContents(original);
+  // The parts are other nodes now.
+  setUpConnections(m_connectionsSetUp, true);
+}

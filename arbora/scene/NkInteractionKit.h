@@ -1,0 +1,58 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "arbora/scene/NkBaseKit.h"
+
+class NkPath;
+
+/// Node kit that a user acts on. It draws under two separators, so that nothing inside changes what follows it. A part
+/// can also be a surrogate: geometry that stands elsewhere in the scene and that counts as this kit's when it is
+/// picked.
+class ARBORA_API NkInteractionKit : public NkBaseKit {
+  NK_KIT_HEADER(NkInteractionKit);
+
+public:
+  NkInteractionKit();
+
+  /// Which child of a switch shows: -1 none, -3 all, from 0 on that one. NULL, and a node that is no switch, are left
+  /// alone; so is a switch that has the value.
+  static void setSwitchValue(NkNode* node, int whichChild);
+
+  /// Makes a node the part's default, which isn't written to files. With `onlyIfAlready` a part that was changed stays
+  /// as it is. False, in silence, if there is no such part or node.
+  bool setPartAsDefault(const NbName& partName, NkNode* node, bool onlyIfAlready = true);
+  /// The same with the node that bears a name; of several the one that was named last.
+  bool setPartAsDefault(const NbName& partName, const NbName& nodeName, bool onlyIfAlready = true);
+
+  /// Makes what stands at the end of a path the surrogate of a part, whose own node goes; NULL takes the surrogate
+  /// back. False, with a message, if there is no such public part.
+  bool setPartAsPath(const NbName& partName, NkPath* surrogate);
+
+protected:
+  ~NkInteractionKit() override;
+
+  bool setAnyPart(const NbName& partName, NkNode* node, bool anyPart = true) override;
+  /// The surrogate that a pick went through; NULL if none.
+  const NkPath* findSurrogate(const NkPath* pickPath) const;
+
+  /// Makes or breaks the connections between the kit's fields and its parts, and gives the previous state. Nothing
+  /// happens if they stand as wished, unless `doItAlways`. A class with connections overrides it.
+  virtual bool setUpConnections(bool onOff, bool doItAlways = false);
+  bool m_connectionsSetUp = false;
+
+  bool readInstance(NkInput* in, unsigned short flags) override;
+  void copyContents(const NkNode* original) override;
+
+private:
+  struct Surrogate {
+    NbName part;
+    arbora::Ref<NkPath> path;
+  };
+  void removeSurrogate(const NbName& partName);
+
+  NkSFNode topSeparator;
+  NkSFNode geomSeparator;
+  std::unique_ptr<std::vector<Surrogate>> m_surrogates;  // Few kits have any.
+};

@@ -1,0 +1,348 @@
+#include "arbora/scene/NkNode.h"
+
+#include <algorithm>
+
+#include "arbora/scene/NameTable.h"
+#include "arbora/scene/NkAction.h"
+#include "arbora/scene/NkChildList.h"
+#include "arbora/scene/NkFieldData.h"
+#include "arbora/scene/NkMField.h"
+#include "arbora/scene/NkNodeSensor.h"
+
+// Parents
+
+namespace arbora {
+
+void ParentList::add(NkNode* parent) {
+  if (m_many.empty() && m_few.size() < kFew)
+    m_few.push_back(parent);
+  else
+    ++m_many[parent];
+}
+
+void ParentList::remove(NkNode* parent) {
+  const auto it = m_many.find(parent);
+  if (it != m_many.end()) {
+    if (--it->second == 0)
+      m_many.erase(it);
+    return;
+  }
+  const auto few = std::find(m_few.rbegin(), m_few.rend(), parent);
+  if (few != m_few.rend())
+    m_few.erase(std::next(few).base());
+}
+
+}  // namespace arbora
+
+// Notifications on their way
+
+namespace {
+
+NkNotification* s_innermost = nullptr;
+std::uint64_t s_stamp = 0;
+
+}  // namespace
+
+NkNotification::NkNotification() : stamp(++s_stamp), m_outer(s_innermost) {
+  s_innermost = this;
+}
+
+NkNotification::~NkNotification() {
+  s_innermost = m_outer;
+}
+
+void NkNotification::setOffSensors() {
+  for (std::size_t i = 0; i < m_sensors.size(); ++i) {
+    if (m_sensors[i])
+      m_sensors[i]->notify(*this);
+  }
+}
+
+void NkNotification::forget(NkDataSensor* sensor) {
+  for (NkNotification* notification = s_innermost; notification; notification = notification->m_outer)
+    std::replace(notification->m_sensors.begin(), notification->m_sensors.end(), sensor,
+                 static_cast<NkDataSensor*>(nullptr));
+}
+
+// Node
+
+namespace {
+
+constexpr int kMaxDepth = 2 * NkAction::kMaxDepth;
+int s_nextActionMethodIndex = 0;
+const NkFieldData* s_noFields = nullptr;
+
+}  // namespace
+
+NkType NkNode::s_classTypeId;
+
+// An id of its own from the start: caches compare ids of nodes that may have taken the place of dead ones.
+NkNode::NkNode() : m_nodeId(++s_stamp) {}
+
+NkNode::~NkNode() = default;
+
+NkType NkNode::getClassTypeId() {
+  return s_classTypeId;
+}
+
+void NkNode::initClass() {
+  s_classTypeId = NkType::createType(NkFieldContainer::getClassTypeId(), "Node");
+}
+
+void NkNode::exitClass() {
+  NkType::removeType("Node");
+  s_classTypeId = NkType::badType();
+}
+
+const NkFieldData** NkNode::getFieldDataPtr() {
+  return &s_noFields;
+}
+
+const NkFieldData* NkNode::getFieldData() const {
+  return s_noFields;
+}
+
+int NkNode::getNextActionMethodIndex() {
+  return s_nextActionMethodIndex;
+}
+
+void NkNode::incNextActionMethodIndex() {
+  ++s_nextActionMethodIndex;
+}
+
+NkNode* NkNode::getByName(const NbName& name) {
+  const auto& objects = arbora::NameTable::get().find(name);
+  for (auto it = objects.rbegin(); it != objects.rend(); ++it) {
+    if ((*it)->isOfType(s_classTypeId))
+      return static_cast<NkNode*>(*it);
+  }
+  return nullptr;
+}
+
+int NkNode::getByName(const NbName& name, NkNodeList& nodes) {
+  int count = 0;
+  for (NkBase* object : arbora::NameTable::get().find(name)) {
+    if (object->isOfType(s_classTypeId)) {
+      nodes.append(static_cast<NkNode*>(object));
+      ++count;
+    }
+  }
+  return count;
+}
+
+// Traversal
+
+void NkNode::doAction(NkAction*) {}
+
+bool NkNode::affectsState() const {
+  return true;
+}
+
+NkChildList* NkNode::getChildren() const {
+  return nullptr;
+}
+
+// Notification
+
+void NkNode::addParent(NkNode* parent) {
+  m_parents.add(parent);
+}
+
+void NkNode::removeParent(NkNode* parent) {
+  m_parents.remove(parent);
+}
+
+void NkNode::touch() {
+  childrenChanged();
+}
+
+bool NkNode::childrenChanged() {
+  const arbora::KeepAlive alive(this);
+  NkNotification notification;
+  notification.origin = this;
+  const bool depends = notify(notification);
+  m_nodeId = notification.stamp;
+  notification.setOffSensors();
+  return depends;
+}
+
+void NkNode::notifyAbove(NkNotification& notification) {
+  notification.origin = this;
+  m_nodeId = notification.stamp;
+  notify(notification);
+}
+
+bool NkNode::dropCaches(NkNotification&) {
+  return false;
+}
+
+bool NkNode::notify(NkNotification& notification) {
+  if (!m_armed)
+    return false;
+  if (m_stamp == notification.stamp)
+    return true;
+  m_stamp = notification.stamp;
+  m_nodeId = notification.stamp;
+  const bool outerSilent = notification.silent;
+  const bool outerDrawn = notification.drawn;
+  bool depends = dropCaches(notification);
+  notification.silent |= !isNotifyEnabled();
+  if (m_sensors) {
+    depends = true;
+    if (!notification.silent) {
+      for (NkDataSensor* sensor : *m_sensors)
+        notification.collect(sensor);
+    }
+  }
+  // Deeper than any traversal goes nobody has cached anything.
+  if (++notification.depth > kMaxDepth) {
+    --notification.depth;
+    return true;
+  }
+  const bool silent = notification.silent;
+  const bool drawn = notification.drawn;
+  m_parents.forEach([&](NkNode* parent) {
+    notification.silent = silent;
+    notification.drawn = drawn;
+    depends |= parent->notify(notification);
+  });
+  --notification.depth;
+  notification.silent = outerSilent;
+  notification.drawn = outerDrawn;
+  m_armed = depends;
+  return depends;
+}
+
+void NkNode::addSensor(NkDataSensor* sensor) {
+  if (!m_sensors)
+    m_sensors = std::make_unique<std::vector<NkDataSensor*>>();
+  m_sensors->push_back(sensor);
+  armSubgraph();
+}
+
+void NkNode::removeSensor(NkDataSensor* sensor) {
+  std::erase(*m_sensors, sensor);
+  if (m_sensors->empty())
+    m_sensors.reset();
+}
+
+void NkNode::notifyDelete() {
+  NkFieldContainer::notifyDelete();
+  while (m_sensors)
+    m_sensors->back()->watchedObjectDies();
+}
+
+void NkNode::armSubgraph() {
+  const std::uint64_t stamp = ++s_stamp;
+  std::vector<NkNode*> waiting{this};
+  const auto visit = [&](NkNode* node) {
+    if (node && node->m_stamp != stamp)
+      waiting.push_back(node);
+  };
+  while (!waiting.empty()) {
+    NkNode* node = waiting.back();
+    waiting.pop_back();
+    if (node->m_stamp == stamp)
+      continue;
+    node->m_stamp = stamp;
+    node->m_armed = true;
+    if (const NkChildList* children = node->getChildren()) {
+      for (int i = 0; i < children->getLength(); ++i)
+        visit((*children)[i]);
+    }
+    const NkFieldData* data = node->getFieldData();
+    for (int i = 0; data && i < data->getNumFields(); ++i) {
+      const NkField* field = data->getField(node, i);
+      if (field->getTypeId() == NkSFNode::getClassTypeId()) {
+        visit(static_cast<const NkSFNode*>(field)->getValue());
+      } else if (field->getTypeId() == NkMFNode::getClassTypeId()) {
+        const auto* nodes = static_cast<const NkMFNode*>(field);
+        for (int j = 0; j < nodes->getNum(); ++j)
+          visit((*nodes)[j]);
+      }
+    }
+  }
+}
+
+// Copies
+
+namespace {
+
+std::unordered_map<const NkNode*, NkNode*>* s_copies = nullptr;
+
+}  // namespace
+
+NkNode* NkNode::copy() const {
+  std::unordered_map<const NkNode*, NkNode*> copies;
+  s_copies = &copies;
+  NkNode* result = copyOf(this);
+  s_copies = nullptr;
+  return result;
+}
+
+bool NkNode::isCopying() {
+  return s_copies != nullptr;
+}
+
+NkNode* NkNode::copyOf(const NkNode* original) {
+  if (!original)
+    return nullptr;
+  const auto it = s_copies->find(original);
+  if (it != s_copies->end())
+    return it->second;
+  auto* copy = static_cast<NkNode*>(original->getTypeId().createInstance());
+  if (!copy)
+    return nullptr;
+  s_copies->emplace(original, copy);
+  copy->copyFieldValues(original);
+  const NkFieldData* data = copy->getFieldData();
+  for (int i = 0; data && i < data->getNumFields(); ++i) {
+    NkField* field = data->getField(copy, i);
+    const bool isDefault = field->isDefault();
+    if (field->getTypeId() == NkSFNode::getClassTypeId()) {
+      auto* node = static_cast<NkSFNode*>(field);
+      if (node->getValue())
+        node->setValue(copyOf(node->getValue()));
+    } else if (field->getTypeId() == NkMFNode::getClassTypeId()) {
+      auto* nodes = static_cast<NkMFNode*>(field);
+      for (int j = 0; j < nodes->getNum(); ++j)
+        nodes->set1Value(j, copyOf((*nodes)[j]));
+    }
+    field->setDefault(isDefault);
+  }
+  copy->copyContents(original);
+  return copy;
+}
+
+void NkNode::copyContents(const NkNode*) {}
+
+// Node list
+
+void NkNodeList::insert(NkNode* node, int index) {
+  m_nodes.insert(m_nodes.begin() + std::clamp(index, 0, getLength()), arbora::Ref<NkNode>(node));
+}
+
+int NkNodeList::find(const NkNode* node) const {
+  const auto it =
+      std::find_if(m_nodes.begin(), m_nodes.end(), [node](const auto& entry) { return entry.get() == node; });
+  return it == m_nodes.end() ? -1 : static_cast<int>(it - m_nodes.begin());
+}
+
+void NkNodeList::remove(int index) {
+  if (index >= 0 && index < getLength())
+    m_nodes.erase(m_nodes.begin() + index);
+}
+
+void NkNodeList::truncate(int length) {
+  if (length < getLength())
+    m_nodes.resize(static_cast<std::size_t>(std::max(length, 0)));
+}
+
+void NkNodeList::set(int index, NkNode* node) {
+  if (index >= 0 && index < getLength())
+    m_nodes[static_cast<std::size_t>(index)] = arbora::Ref<NkNode>(node);
+}
+
+NkNode* NkNodeList::operator[](int index) const {
+  return index >= 0 && index < getLength() ? m_nodes[static_cast<std::size_t>(index)].get() : nullptr;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "arbora/scene/NkType.h"
+
+/// Object with a run-time type.
+class ARBORA_API NkTypedObject {
+ public:
+  virtual ~NkTypedObject();
+  static NkType getClassTypeId();
+  virtual NkType getTypeId() const = 0;
+  /// True if this object's class is `type` or derives from it.
+  bool isOfType(NkType type) const { return getTypeId().isDerivedFrom(type); }
+
+  static void initClass();
+  static void exitClass();
+
+  /// Tells whether the object under construction has a registered type that fits its class; a misfit is posted.
+  static bool checkDatabase(const char* className, const void* object, NkType objectType, NkType classType);
+
+ protected:
+  NkTypedObject() = default;
+
+ private:
+  static NkType s_classTypeId;
+};

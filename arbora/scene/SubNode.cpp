@@ -1,0 +1,93 @@
+#include <string>
+
+#include "arbora/base/NkDebugError.h"
+#include "arbora/scene/NkSubNode.h"
+
+namespace arbora {
+
+void initNodeClass(const NodeClass& nodeClass, NkType (*parentType)(), void (*initParent)(),
+                   NkType::CreateInstance createInstance, const NkFieldData** (*parentFieldData)()) {
+  const NbThreadAutoLock lock(&nodeClass.classMutex);
+  if (parentType().isBad()) {
+    NkDebugError::post((std::string(nodeClass.className) + "::initClass").c_str(),
+                       "%s initialized before parent class %s\n", nodeClass.className, nodeClass.parentClassName);
+    initParent();
+  }
+  const int index = NkNode::getNextActionMethodIndex();
+  nodeClass.classTypeId = NkType::createType(parentType(), nodeClass.typeName, createInstance, index & 0xffff);
+  if (!nodeClass.parentFieldData)
+    NkNode::incNextActionMethodIndex();
+  nodeClass.parentFieldData = parentFieldData();
+}
+
+void exitNodeClass(const NodeClass& nodeClass) {
+  if (!NkType::removeType(nodeClass.typeName)) {
+    NkDebugError::post((std::string(nodeClass.className) + "::exitClass").c_str(),
+                       "Unable to remove type (%s) for this class. Check exitClass() method is implemented and is "
+                       "called only once.\n",
+                       nodeClass.typeName);
+    return;
+  }
+  nodeClass.classTypeId = NkType::badType();
+  delete nodeClass.fieldData;
+  nodeClass.fieldData = nullptr;
+  nodeClass.parentFieldData = nullptr;
+  nodeClass.firstInstance = 1;
+}
+
+NodeConstruction::NodeConstruction(const NodeClass& nodeClass, NkFieldContainer* object, void (*initClass)(),
+                                   NkType objectType)
+    : m_class(nodeClass), m_object(object) {
+  m_class.classMutex.lock();
+  m_locked = true;
+  if (m_class.classTypeId.isBad()) {
+    NkDebugError::post("NK_NODE_CONSTRUCTOR", "Can't construct a node of type %s until initClass() has been called",
+                       m_class.className);
+    m_class.classMutex.unlock();
+    initClass();
+    m_class.classMutex.lock();
+    objectType = object->getTypeId();
+  }
+  NkTypedObject::checkDatabase(m_class.className, object, objectType, m_class.classTypeId);
+  if (!m_class.fieldData) {
+    m_class.fieldData = new NkFieldData(m_class.parentFieldData ? *m_class.parentFieldData : nullptr);
+  } else {
+    m_class.firstInstance = 0;
+    // The table is whole: nothing is left to guard.
+    m_class.classMutex.unlock();
+    m_locked = false;
+  }
+}
+
+NodeConstruction::~NodeConstruction() {
+  if (m_locked)
+    m_class.classMutex.unlock();
+}
+
+void NodeConstruction::addField(const char* name, NkField* field, const char* sourceFile) {
+  if (!m_class.fieldData) {
+    NkDebugError::post(sourceFile, "Instance not properly constructed.\nDid you forget to put NK_NODE_CONSTRUCTOR() in "
+                                   "the constructor?");
+    m_class.fieldData = new NkFieldData(m_class.parentFieldData ? *m_class.parentFieldData : nullptr);
+  }
+  if (isFirst())
+    const_cast<NkFieldData*>(m_class.fieldData)->addField(m_object, name, field);
+}
+
+void NodeConstruction::addEnumValue(const char* typeName, const char* valueName, int value) {
+  if (isFirst() && m_class.fieldData)
+    const_cast<NkFieldData*>(m_class.fieldData)->addEnumValue(typeName, valueName, value);
+}
+
+const EnumData* NodeConstruction::getEnum(const char* fieldName, const char* typeName, const char* sourceFile,
+                                          int line) {
+  const EnumData* data = m_class.fieldData ? m_class.fieldData->getEnumData(typeName) : nullptr;
+  if (!data && isFirst()) {
+    NkDebugError::post("NK_SET_SF_ENUM_TYPE",
+                       "Field %s (%s, line %d): Did you forget to use NK_%s_DEFINE_ENUM_VALUE(%s, ...)?", fieldName,
+                       sourceFile, line, "NODE", typeName);
+  }
+  return data;
+}
+
+}  // namespace arbora

@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# bench.sh [FILTER]: builds and runs the benchmarks, or those whose name matches the regular expression, and prints one
+# table: the name, the median time of five runs, and their spread.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+scripts/setup.sh
+build_preset linux
+
+shopt -s nullglob
+programs=(build/linux/bin/bench_*)
+if ((${#programs[@]} == 0)); then
+  echo "there are no benchmarks" >&2
+  exit 1
+fi
+results=$(mktemp)
+trap 'rm -f "$results"' EXIT
+for program in "${programs[@]}"; do
+  # One processor: neighbours on the others do not wander in.
+  taskset -c 0 "$program" --benchmark_filter="${1:-.}" --benchmark_repetitions=5 --benchmark_min_time=0.2 \
+    --benchmark_report_aggregates_only=true --benchmark_format=csv 2>/dev/null \
+    | awk -v program="${program##*/bench_}" '/^"/ { print program "," $0 }' >>"$results"
+done
+awk -F, '
+  { gsub(/"/, "", $2) }
+  $2 ~ /_median$/ { name = $2; sub(/_median$/, "", name); time[name] = $5; unit[name] = $6; order[++count] = name; of[name] = $1 }
+  $2 ~ /_cv$/ { name = $2; sub(/_cv$/, "", name); spread[name] = $5 }
+  END {
+    printf "%-12s %-48s %14s %8s\n", "program", "benchmark", "median", "spread"
+    for (i = 1; i <= count; i++)
+      printf "%-12s %-48s %11.2f %-2s %6.1f %%\n", of[order[i]], order[i], time[order[i]], unit[order[i]], 100 * spread[order[i]]
+  }' "$results"

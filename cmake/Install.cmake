@@ -28,7 +28,7 @@ endif()
 # Headers keep their paths below the repository's root, which is how they include each other.
 foreach(_folder arbora fanout src/platform)
   install(DIRECTORY ${CMAKE_SOURCE_DIR}/${_folder}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${_folder}
-    FILES_MATCHING PATTERN "*.h")
+    FILES_MATCHING PATTERN "*.h" PATTERN "*_linux.h" EXCLUDE PATTERN "*_win.h" EXCLUDE)
 endforeach()
 foreach(_folder arbora fanout Panelix)
   install(DIRECTORY ${PANELIX_GENERATED_DIR}/${_folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} OPTIONAL

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # bench.sh [FILTER]: builds and runs the benchmarks, or those whose name matches the regular expression, and prints one
-# table: the name, the median time of five runs, and their spread.
+# table: the name, the median processor time of five runs, and their standard deviation as a part of it.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -23,10 +23,13 @@ for program in "${programs[@]}"; do
 done
 awk -F, '
   { gsub(/"/, "", $2) }
-  $2 ~ /_median$/ { name = $2; sub(/_median$/, "", name); time[name] = $5; unit[name] = $6; order[++count] = name; of[name] = $1 }
-  $2 ~ /_cv$/ { name = $2; sub(/_cv$/, "", name); spread[name] = $5 }
+  $2 ~ /_median$/ { key = $1 "," substr($2, 1, length($2) - 7); order[++count] = key; time[key] = $5; unit[key] = $6 }
+  $2 ~ /_stddev$/ { key = $1 "," substr($2, 1, length($2) - 7); deviation[key] = $5 }
   END {
     printf "%-12s %-48s %14s %8s\n", "program", "benchmark", "median", "spread"
-    for (i = 1; i <= count; i++)
-      printf "%-12s %-48s %11.2f %-2s %6.1f %%\n", of[order[i]], order[i], time[order[i]], unit[order[i]], 100 * spread[order[i]]
+    for (i = 1; i <= count; i++) {
+      key = order[i]
+      split(key, part, ",")
+      printf "%-12s %-48s %11.2f %-2s %6.1f %%\n", part[1], part[2], time[key], unit[key], 100 * deviation[key] / time[key]
+    }
   }' "$results"

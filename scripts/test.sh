@@ -23,8 +23,9 @@ run_tests() {
     cat "$log"
     return
   fi
-  sed -nE -e 's/^test [0-9]+$//' -e 's/^ *Start +[0-9]+: (.*)$/\1/p' \
-    -e 's/^[0-9]+: (\[ +PASSED +\] .*)$/  \1/p' -e '/tests passed/p' "$log"
+  awk '/^ *Start +[0-9]+:/ { name = $NF }
+    /^[0-9]+: \[  PASSED  \] [1-9]/ { sub(/^[0-9]+: /, ""); printf "  %-14s %s\n", name, $0 }
+    /tests passed/' "$log"
 }
 
 # Runs one fuzzer on its seeds; new inputs stay in the build folder, the seeds are only read.

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <cstdint>
-#include <map>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 #include "arbora/gl/export.h"
@@ -11,13 +8,13 @@
 
 namespace arbora {
 
-/// Draws with OpenGL 3.3 into the framebuffer that is bound, in the context that is current. All frames must be drawn in
-/// contexts that share their objects with the first one. Handles may be destroyed while no context is current: what they
-/// had goes at the next frame.
+/// Draws with OpenGL 3.3 into the framebuffer that is bound, in the context that is current: the same one for the life
+/// of this object. Batches may be destroyed while no context is current: what they had goes at the next frame. A frame
+/// leaves the tests, the blending, the depth mask, the program and the vertex array as they are in a fresh context.
 class ARBORAGL_API GLBackend : public RenderBackend {
 public:
   GLBackend();
-  /// Frees the objects if a context is current. Without one they go with their context.
+  /// Frees the objects if their context is current; else they go with it.
   ~GLBackend() override;
 
   Handle createBatch(const BatchDescription& description) override;

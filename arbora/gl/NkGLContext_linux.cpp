@@ -3,12 +3,12 @@
 #include <array>
 #include <cstring>
 
+// Ahead of GLX, whose header would bring the system's own declarations of OpenGL in its place.
+#include <glad/gl.h>
+
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
 #include <GL/glx.h>
-
-// Behind GLX, whose header brings the system's own declarations of OpenGL: the loader's must not meet them first.
-#include <glad/gl.h>
 
 namespace {
 

@@ -463,23 +463,16 @@ void DrawList::placeView(Frame& frame) {
     m_cameraValid = true;
   }
   NbViewVolume volume;
-  NbMatrix cameraToWorld;
   if (m_camera) {
-    volume = m_camera->m_camera->getViewVolume(frame.viewport.getViewportAspectRatio());
-    cameraToWorld = m_camera->m_cameraModel;
+    volume = m_camera->m_camera->getViewVolumeUnder(m_camera->m_cameraModel, frame.viewport.getViewportAspectRatio());
   } else {
     volume.ortho(-1, 1, -1, 1, -1, 1);
   }
-  frame.worldToClip = cameraToWorld.inverse() * volume.getMatrix();
-  NbVec3f eye;
-  if (volume.getProjectionType() == NbViewVolume::PERSPECTIVE) {
-    cameraToWorld.multVecMatrix(volume.getProjectionPoint(), eye);
-    frame.eye.setValue(eye[0], eye[1], eye[2], 1);
-  } else {
-    cameraToWorld.multDirMatrix(-volume.getProjectionDirection(), eye);
-    eye.normalize();
-    frame.eye.setValue(eye[0], eye[1], eye[2], 0);
-  }
+  frame.worldToClip = volume.getMatrix();
+  frame.towardsViewer = -volume.getProjectionDirection();
+  const bool isPerspective = volume.getProjectionType() == NbViewVolume::PERSPECTIVE;
+  const NbVec3f& eye = isPerspective ? volume.getProjectionPoint() : frame.towardsViewer;
+  frame.eye.setValue(eye[0], eye[1], eye[2], isPerspective ? 1.0f : 0.0f);
 }
 
 // Meshes

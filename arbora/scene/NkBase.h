@@ -8,6 +8,10 @@
 class NkInput;
 class NkOutput;
 
+namespace arbora {
+class ObjectReader;
+}
+
 /// Named, readable, writable, reference-counted object with a run-time type.
 class ARBORA_API NkBase : public NkRefCounter, public NkTypedObject {
  public:
@@ -61,6 +65,7 @@ class ARBORA_API NkBase : public NkRefCounter, public NkTypedObject {
 
  private:
   friend class NkOutput;
+  friend class arbora::ObjectReader;
   static NkType s_classTypeId;
   NbName m_name;
   NbName m_netName;

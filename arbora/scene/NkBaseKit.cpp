@@ -8,11 +8,9 @@
 #include "arbora/scene/NkAction.h"
 #include "arbora/scene/NkNodeKitDetail.h"
 #include "arbora/scene/NkNodeKitListPart.h"
-#include "arbora/scene/NkOutput.h"
 #include "arbora/scene/NkPickedPoint.h"
 #include "arbora/scene/NkRayPickAction.h"
 #include "arbora/scene/NkSearchAction.h"
-#include "arbora/scene/NkWriteAction.h"
 
 NK_NODE_SOURCE_COMMON(NkBaseKit, NkNode, "BaseKit");
 
@@ -615,18 +613,9 @@ void NkBaseKit::setDefaultOnNonWritingFields() {
 }
 
 void NkBaseKit::addWriteReference(NkOutput* out, bool fromField) {
-  setDefaultOnNonWritingFields();
+  if (!fromField && shouldWrite() == 0)
+    setDefaultOnNonWritingFields();
   NkNode::addWriteReference(out, fromField);
-}
-
-void NkBaseKit::write(NkWriteAction* action) {
-  NkOutput* out = action->getOutput();
-  if (out->getStage() == NkOutput::COUNT_REFS) {
-    addWriteReference(out);
-  } else if (!writeHeader(out, false)) {
-    getFieldData()->write(out, this);
-    endWrite(out);
-  }
 }
 
 void NkBaseKit::endWrite(NkOutput* out) const { writeFooter(out); }

@@ -44,7 +44,6 @@ public:
   void doAction(NkAction* action) override;
   void rayPick(NkRayPickAction* action) override;
   void search(NkSearchAction* action) override;
-  void write(NkWriteAction* action) override;
   void addWriteReference(NkOutput* out, bool fromField = false) override;
 
   /// Whether searches look into kits. They do so from the start.
@@ -109,7 +108,7 @@ protected:
   virtual void internalReplaceChild(int index, NkNode* child);
   virtual void internalReplaceChild(NkNode* oldChild, NkNode* newChild);
 
-  /// Closes what `writeHeader` has opened; the last step of `write`.
+  /// Closes what `writeHeader` has opened: the last step of a class's own `write`.
   void endWrite(NkOutput* out) const;
   void copyContents(const NkNode* original) override;
 

@@ -5,6 +5,7 @@
 
 #include "arbora/base/NbBox3f.h"
 #include "arbora/base/NbViewportRegion.h"
+#include "arbora/scene/NkGLRenderAction.h"
 #include "arbora/scene/NkGetBoundingBoxAction.h"
 #include "arbora/scene/NkGetMatrixAction.h"
 #include "arbora/scene/NkSearchAction.h"
@@ -81,26 +82,28 @@ NbViewVolume NkCamera::getViewVolume(float aspect) const {
   return volume;
 }
 
-void NkCamera::doAction(NkAction* action) {
-  const float aspect = usedAspect(action->getViewportRegion().getViewportAspectRatio());
-  const NbMatrix& model = action->getState()->model;
-  if (model.isIdentity()) {
-    action->setViewVolume(getViewVolume(aspect));
-    return;
-  }
+NbViewVolume NkCamera::getViewVolumeUnder(const NbMatrix& model, float aspect) const {
+  if (model.isIdentity()) return getViewVolume(aspect);
   NbVec3f translation;
   NbVec3f scale;
   NbRotation rotation;
   NbRotation scaleOrientation;
   model.getTransform(translation, rotation, scale, scaleOrientation);
   const float meanScale = std::cbrt(std::fabs(model.det3()));
-  NbViewVolume volume = getUnplacedViewVolume(aspect, meanScale > 0 && std::isfinite(meanScale) ? meanScale : 1.0F);
+  NbViewVolume volume = getUnplacedViewVolume(usedAspect(aspect), meanScale > 0 && std::isfinite(meanScale) ? meanScale : 1.0F);
   volume.rotateCamera(orientation.getValue() * rotation);
   NbVec3f place;
   model.multVecMatrix(position.getValue(), place);
   volume.translateCamera(place);
-  action->setViewVolume(volume);
+  return volume;
 }
+
+void NkCamera::doAction(NkAction* action) {
+  action->setViewVolume(
+      getViewVolumeUnder(action->getState()->model, action->getViewportRegion().getViewportAspectRatio()));
+}
+
+void NkCamera::GLRender(NkGLRenderAction* action) { action->useCamera(this); }
 
 // Draw lists read the camera anew for every frame: a change of it leaves them as they are.
 bool NkCamera::dropCaches(NkNotification& notification) {

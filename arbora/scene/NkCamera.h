@@ -30,7 +30,11 @@ public:
   /// grows upwards and downwards instead of losing its sides.
   NbViewVolume getViewVolume(float aspect = 0.0F) const;
 
+  /// The same in the space that `model` leads to.
+  NbViewVolume getViewVolumeUnder(const NbMatrix& model, float aspect) const;
+
   void doAction(NkAction* action) override;
+  void GLRender(NkGLRenderAction* action) override;
 
 protected:
   NkCamera();

@@ -3,6 +3,7 @@
 #include "arbora/scene/FaceBuilder.h"
 #include "arbora/scene/NkCoordinate3.h"
 #include "arbora/scene/NkNormal.h"
+#include "arbora/scene/NkState.h"
 #include "arbora/scene/NkTextureCoordinate2.h"
 
 NK_NODE_SOURCE(NkFaceSet, NkPolygonShape, "FaceSet");

@@ -53,6 +53,9 @@ class ARBORA_API NkFieldContainer : public NkBase {
   /// Called at every write of one of this object's fields, before anything else hears of it.
   virtual void fieldHasChanged(NkField* field);
 
+  /// The first use counts the nodes that the fields hold, too.
+  void addWriteReference(NkOutput* out, bool fromField = false) override;
+
   /// Reads the fields; a name that is no field of the class is left for the caller.
   bool readInstance(NkInput* in, unsigned short flags) override;
 

@@ -47,11 +47,17 @@ bool NkInteractionKit::setPartAsPath(const NbName& partName, NkPath* surrogate) 
   // The part's own node goes, and with it an older surrogate.
   if (!setAnyPart(partName, nullptr, false))
     return false;
-  if (surrogate) {
-    if (!m_surrogates)
-      m_surrogates = std::make_unique<std::vector<Surrogate>>();
-    m_surrogates->push_back({partName, keep});
-  }
+  if (!surrogate || !surrogate->getHead())
+    return true;
+  Surrogate entry;
+  entry.part = partName;
+  const NkFullPath* full = surrogate->full();
+  for (int i = 0; i < full->getLength(); ++i)
+    entry.nodes.push_back(full->getNode(i));
+  entry.tail = arbora::Ref<NkNode>(full->getTail());
+  if (!m_surrogates)
+    m_surrogates = std::make_unique<std::vector<Surrogate>>();
+  m_surrogates->push_back(std::move(entry));
   return true;
 }
 
@@ -67,14 +73,25 @@ bool NkInteractionKit::setAnyPart(const NbName& partName, NkNode* node, bool any
   return true;
 }
 
-const NkPath* NkInteractionKit::findSurrogate(const NkPath* pickPath) const {
+arbora::Ref<NkPath> NkInteractionKit::findSurrogate(NkPath* pickPath) const {
   if (!m_surrogates || !pickPath)
-    return nullptr;
+    return {};
   for (const Surrogate& surrogate : *m_surrogates) {
-    if (pickPath->containsPath(surrogate.path.get()))
-      return surrogate.path.get();
+    const int start = pickPath->findNode(surrogate.nodes.front());
+    const int length = static_cast<int>(surrogate.nodes.size());
+    if (start < 0)
+      continue;
+    int same = 0;
+    while (same < length && pickPath->getNode(start + same) == surrogate.nodes[static_cast<std::size_t>(same)])
+      ++same;
+    if (same < length)
+      continue;
+    arbora::Ref<NkPath> found(pickPath->copy());
+    found->truncate(start + length);
+    found->setNumPublic(-1);
+    return found;
   }
-  return nullptr;
+  return {};
 }
 
 // Connections

@@ -34,8 +34,8 @@ protected:
   ~NkInteractionKit() override;
 
   bool setAnyPart(const NbName& partName, NkNode* node, bool anyPart = true) override;
-  /// The surrogate that a pick went through; NULL if none.
-  const NkPath* findSurrogate(const NkPath* pickPath) const;
+  /// The beginning of a pick path that ends at a surrogate of this kit; NULL if the pick went through none.
+  arbora::Ref<NkPath> findSurrogate(NkPath* pickPath) const;
 
   /// Makes or breaks the connections between the kit's fields and its parts, and gives the previous state. Nothing
   /// happens if they stand as wished, unless `doItAlways`. A class with connections overrides it.
@@ -46,9 +46,11 @@ protected:
   void copyContents(const NkNode* original) override;
 
 private:
+  // The tail is kept; the nodes ahead of it are compared and never looked into: they may hold this kit.
   struct Surrogate {
     NbName part;
-    arbora::Ref<NkPath> path;
+    std::vector<const NkNode*> nodes;
+    arbora::Ref<NkNode> tail;
   };
   void removeSurrogate(const NbName& partName);
 

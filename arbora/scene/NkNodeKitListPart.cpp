@@ -8,7 +8,9 @@ NK_KIT_SOURCE(NkNodeKitListPart, NkBaseKit, "NodeKitListPart");
 NkNodeKitListPart::NkNodeKitListPart() {
   NK_KIT_CONSTRUCTOR(NkNodeKitListPart);
   NK_NODE_ADD_FIELD(containerType, (NbName("Group")));
-  NK_NODE_ADD_FIELD(itemTypes, (std::vector<NbString>()));
+  NK_NODE_ADD_FIELD(itemTypes, (NbString()));
+  itemTypes.setNum(0);
+  itemTypes.setDefault(true);
   NK_KIT_ADD_CATALOG_ENTRY(container, NkGroup, true, "this", "", false);
   NK_KIT_INIT_INSTANCE();
 }

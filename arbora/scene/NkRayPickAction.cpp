@@ -94,11 +94,11 @@ bool intersect(const arbora::PlacedMesh& placed, NbVec3f start, NbVec3f directio
 NkType NkRayPickAction::s_classTypeId;
 
 void NkRayPickAction::initClass() {
-  s_classTypeId = NkType::createType(NkAction::getClassTypeId(), "NkRayPickAction");
+  s_classTypeId = NkType::createType(NkAction::getClassTypeId(), "RayPickAction");
 }
 
 void NkRayPickAction::exitClass() {
-  NkType::removeType("NkRayPickAction");
+  NkType::removeType("RayPickAction");
   s_classTypeId = NkType::badType();
 }
 

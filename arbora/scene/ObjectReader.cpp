@@ -456,13 +456,15 @@ void ObjectReader::addConnection(NkFieldContainer* container, NkField* field, st
 }
 
 bool ObjectReader::readFields(const NkFieldData* fields, NkFieldContainer* container) {
-  const KeepAlive alive(container);
+  container->ref();
   ++m_depth;
   fields->read(&m_in, container, true);
   if (!m_in.atEnd())
     m_in.error("the name of a field expected, found %s", m_in.describeNext().c_str());
   --m_depth;
-  return finish();
+  const bool ok = finish();
+  container->unrefNoDelete();
+  return ok;
 }
 
 // Binary

@@ -56,8 +56,9 @@ struct Frame {
   NbViewportRegion viewport;
   bool clear = true;
   NbVec4f clearColor;
-  /// A light from the eye for what has no other.
+  /// A white light from the viewer's side, for a scene that has none: in this direction lies the viewer.
   bool headlight = false;
+  NbVec3f towardsViewer;
 };
 
 /// Where a draw list sends what it draws. Handles are given by the back end and are never 0.

@@ -1,5 +1,6 @@
 #include "arbora/scene/SceneClasses.h"
 
+#include "arbora/scene/MeshFactory.h"
 #include "arbora/scene/NkBaseColor.h"
 #include "arbora/scene/NkCallbackAction.h"
 #include "arbora/scene/NkCamera.h"
@@ -166,6 +167,7 @@ void exitSceneClasses() {
   for (auto it = std::rbegin(kClasses); it != std::rend(kClasses); ++it)
     it->exit();
   clearGlyphCache();
+  clearUnitMeshes();
 }
 
 }  // namespace arbora

@@ -3,6 +3,7 @@
 #include "arbora/base/NbThreadMutex.h"
 
 #include <gtest/gtest.h>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -19,7 +20,11 @@ void* countUp(void* data) {
   auto* counting = static_cast<Counting*>(data);
   for (int i = 0; i < 20000; ++i) {
     const NbThreadAutoLock lock(counting->mutex);
-    ++counting->count;
+    const int before = counting->count;
+    if (i % 100 == 0) {
+      std::this_thread::yield(); // invites another thread into the gap
+    }
+    counting->count = before + 1;
   }
   return data;
 }

@@ -206,6 +206,13 @@ TEST(NbMatrix, SingularMatricesDecomposeToFiniteParts) {
   EXPECT_TRUE(s.equals(NbVec3f(2, 0, 3), 1e-5F));
   EXPECT_TRUE(r.equals(NbRotation(NbVec3f(0, 1, 0), 0.5F), 1e-5F));
 
+  // The lost axis is the one that the rotation turned around.
+  const NbRotation half(NbVec3f(1, 0, 0), kPi);
+  flat.setTransform(NbVec3f(), half, NbVec3f(2, 0, 3));
+  flat.getTransform(t, r, s, so);
+  EXPECT_TRUE(s.equals(NbVec3f(2, 0, 3), 1e-5F));
+  EXPECT_TRUE(r.equals(half, 1e-5F));
+
   const NbMatrix line(1, 2, 3, 0, 2, 4, 6, 0, -1, -2, -3, 0, 0, 0, 0, 1);
   expectSameAfterDecomposition(line);
 

@@ -9,7 +9,7 @@
 #include "arbora/scene/NkInteraction.h"
 #include "arbora/scene/NkNodeKit.h"
 #include "arbora/scene/NkSeparator.h"
-#include "support/TestSupport.h"
+#include "tests/support/TestSupport.h"
 
 /// Fixture with the scene library in use. Objects that outlive their test fail it.
 class SceneTest : public ::testing::Test {

@@ -455,10 +455,9 @@ TEST_F(Sensors, ASharedNodeIsHeardOncePerChange) {
 }
 
 TEST_F(Sensors, NodesInFieldsAreHeard) {
-  class Holder : public NkSFNode {};
   const Ref<NkCube> owner(new NkCube);
   const Ref<NkCube> held(new NkCube);
-  Holder field;
+  NkSFNode field;
   field.setContainer(owner.get());
   field = held.get();
   Counter<NkNodeSensor> counter;

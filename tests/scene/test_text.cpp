@@ -4,13 +4,13 @@
 #include <limits>
 #include <numbers>
 
+#include "SceneTest.h"
 #include "arbora/scene/NkFont.h"
 #include "arbora/scene/NkGetBoundingBoxAction.h"
 #include "arbora/scene/NkPickStyle.h"
 #include "arbora/scene/NkRayPickAction.h"
 #include "arbora/scene/NkSeparator.h"
 #include "arbora/scene/NkText3.h"
-#include "arbora/scene/SceneClasses.h"
 #include "arbora/scene/text/GlyphCache.h"
 #include "arbora/scene/text/Tessellator.h"
 #include "tests/support/TestSupport.h"
@@ -52,20 +52,13 @@ arbora::OpenedFace openPlainFace(const NbName&) { return {std::make_unique<Plain
 arbora::OpenedFace openNothing(const NbName&) { return {nullptr, "", false}; }
 
 /// Text in the real fonts of the system.
-class SystemText : public testing::Test {
+class SystemText : public SceneTest {
 protected:
-  void SetUp() override {
-    if (NkText3::getClassTypeId().isBad()) {
-      arbora::initSceneClasses();
-      m_hasClasses = true;
-    }
-    m_meshesBefore = arbora::Mesh::getPoolSize();
-  }
+  void SetUp() override { m_meshesBefore = arbora::Mesh::getPoolSize(); }
   void TearDown() override {
     m_text = nullptr;
     arbora::setFaceOpener(nullptr);
     EXPECT_EQ(arbora::Mesh::getPoolSize(), m_meshesBefore);
-    if (m_hasClasses) arbora::exitSceneClasses();
   }
 
   NkText3& text(const NbString& line) {
@@ -92,7 +85,6 @@ protected:
 
 private:
   Ref<NkText3> m_text;
-  bool m_hasClasses = false;
   int m_meshesBefore = 0;
 };
 

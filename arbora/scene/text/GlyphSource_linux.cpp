@@ -3,6 +3,7 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include FT_OUTLINE_H
+#include FT_TRUETYPE_TABLES_H
 #include <fontconfig/fontconfig.h>
 
 #include <algorithm>
@@ -62,11 +63,14 @@ public:
   }
 
   VerticalMetrics getVerticalMetrics() const override {
-    VerticalMetrics metrics;
-    metrics.ascent = static_cast<float>(m_face->ascender) * m_scale;
-    metrics.descent = static_cast<float>(-m_face->descender) * m_scale;
-    metrics.lineGap = std::max(static_cast<float>(m_face->height) * m_scale - metrics.ascent - metrics.descent, 0.0f);
-    return metrics;
+    // Straight from the tables: FreeType's own choice among a font's three sets of measures is another one than that of
+    // window systems, and a scene must come out alike everywhere.
+    const auto* header = static_cast<const TT_HoriHeader*>(FT_Get_Sfnt_Table(m_face.get(), FT_SFNT_HHEA));
+    if (header && (header->Ascender != 0 || header->Descender != 0))
+      return toMetrics(header->Ascender, -header->Descender, header->Line_Gap);
+    if (const auto* system = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(m_face.get(), FT_SFNT_OS2)))
+      return toMetrics(system->usWinAscent, system->usWinDescent, 0);
+    return toMetrics(m_face->ascender, -m_face->descender, m_face->height - m_face->ascender + m_face->descender);
   }
 
   float getAdvance(char32_t character) override {
@@ -98,6 +102,10 @@ public:
   }
 
 private:
+  VerticalMetrics toMetrics(int ascent, int descent, int lineGap) const {
+    return {static_cast<float>(ascent) * m_scale, static_cast<float>(descent) * m_scale,
+            static_cast<float>(std::max(lineGap, 0)) * m_scale};
+  }
   static NbVec2f point(const FT_Vector* v) { return NbVec2f(static_cast<float>(v->x), static_cast<float>(v->y)); }
 
   bool loadGlyph(char32_t character) {

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "arbora/scene/NkAction.h"
+#include "arbora/scene/NkNodeSensor.h"
+
+class NkEvent;
+class NkPickedPoint;
+class NkRayPickAction;
+
+/// Takes an event of the user through the scene. The node that has grabbed the pointer gets it first; if it doesn't
+/// handle it, all nodes get it in order until one does. A grab lasts from event to event on the same action.
+class ARBORA_API NkHandleEventAction : public NkAction {
+public:
+  explicit NkHandleEventAction(const NbViewportRegion& viewport = NbViewportRegion());
+  /// Ends a grab.
+  ~NkHandleEventAction() override;
+  static NkType getClassTypeId();
+  NkType getTypeId() const override;
+  static void initClass();
+  static void exitClass();
+
+  /// The event that the next `apply` hands out. It belongs to the caller and has to live as long as that.
+  void setEvent(const NkEvent* event);
+  const NkEvent* getEvent() const { return m_event; }
+
+  /// An event that comes while another one is on its way, from inside a callback, is dropped.
+  using NkAction::apply;
+  void apply(NkNode* root) override;
+  void apply(NkPath* path) override;
+
+  /// For nodes: the event is dealt with and goes no further.
+  void setHandled();
+  bool isHandled() const { return m_handled; }
+
+  /// The node that gets the events first; the one that had them before is told. NULL takes the grab off. A node that
+  /// goes loses it.
+  void setGrabber(NkNode* node);
+  void releaseGrabber() { setGrabber(nullptr); }
+  NkNode* getGrabber() const { return m_grabber; }
+
+  /// In pixels around the pointer.
+  void setPickRadius(float pixels);
+  float getPickRadius() const { return m_pickRadius; }
+
+  /// Inside `apply`, the node that it began with; NULL otherwise.
+  NkNode* getRoot() const { return m_root; }
+  /// What lies under the pointer, or on the event's ray: the nearest, and all of it from the near to the far. The scene
+  /// is picked when it is first asked for in an event. NULL and none outside `apply`.
+  const NkPickedPoint* getPickedPoint();
+  const std::vector<NkPickedPoint*>& getPickedPointList();
+
+protected:
+  void dispatch(NkNode* node) override;
+
+private:
+  struct Applying;
+  template <class Target> void applyTo(Target* target, NkNode* root);
+  const NkRayPickAction* pick(bool all);
+  static void grabberDies(void* data, NkSensor* sensor);
+
+  static NkType s_classTypeId;
+  const NkEvent* m_event = nullptr;
+  NkNode* m_root = nullptr;
+  bool m_handled = false;
+  NkNode* m_grabber = nullptr;  // Not owned; watched, so that it is forgotten when it goes.
+  NkNodeSensor m_grabberWatch;
+  float m_pickRadius = 0.0F;
+  // What was picked for the present event.
+  std::unique_ptr<NkRayPickAction> m_pickNearest;
+  std::unique_ptr<NkRayPickAction> m_pickAll;
+};

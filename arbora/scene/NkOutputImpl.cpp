@@ -1,0 +1,5 @@
+#include "arbora/scene/NkOutputImpl.h"
+
+bool NkOutputImpl::isSynchronizing(const NkOutput* /*out*/) {
+  return false;
+}

@@ -100,8 +100,12 @@ void NkField::notify() {
       notifyLinks();
     return;
   }
-  const arbora::KeepAlive alive(container);
   container->fieldHasChanged(this);
+  if (!m_links && !container->m_armed) {
+    container->m_changeId = NkNotification::nextStamp();
+    return;
+  }
+  const arbora::KeepAlive alive(container);
   NkNotification notification;
   notification.field = this;
   container->notifyAbove(notification);

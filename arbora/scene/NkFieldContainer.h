@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "arbora/scene/NkBase.h"
@@ -73,4 +74,10 @@ class ARBORA_API NkFieldContainer : public NkBase {
   static NkType s_classTypeId;
   void* m_userData = nullptr;
   bool m_notifyEnabled = true;
+
+ protected:
+  /// Whether something above depends on this object, so that a change must go up.
+  bool m_armed = true;
+  /// Stamp of the last change.
+  std::uint64_t m_changeId = 0;
 };

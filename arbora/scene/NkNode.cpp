@@ -43,8 +43,12 @@ std::uint64_t s_stamp = 0;
 
 }  // namespace
 
-NkNotification::NkNotification() : stamp(++s_stamp), m_outer(s_innermost) {
+NkNotification::NkNotification() : stamp(nextStamp()), m_outer(s_innermost) {
   s_innermost = this;
+}
+
+std::uint64_t NkNotification::nextStamp() {
+  return ++s_stamp;
 }
 
 NkNotification::~NkNotification() {
@@ -77,7 +81,9 @@ const NkFieldData* s_noFields = nullptr;
 NkType NkNode::s_classTypeId;
 
 // An id of its own from the start: caches compare ids of nodes that may have taken the place of dead ones.
-NkNode::NkNode() : m_nodeId(++s_stamp) {}
+NkNode::NkNode() {
+  m_changeId = NkNotification::nextStamp();
+}
 
 NkNode::~NkNode() = default;
 
@@ -161,14 +167,14 @@ bool NkNode::childrenChanged() {
   NkNotification notification;
   notification.origin = this;
   const bool depends = notify(notification);
-  m_nodeId = notification.stamp;
+  m_changeId = notification.stamp;
   notification.setOffSensors();
   return depends;
 }
 
 void NkNode::notifyAbove(NkNotification& notification) {
   notification.origin = this;
-  m_nodeId = notification.stamp;
+  m_changeId = notification.stamp;
   notify(notification);
 }
 
@@ -179,17 +185,22 @@ bool NkNode::dropCaches(NkNotification&) {
 bool NkNode::notify(NkNotification& notification) {
   if (!m_armed)
     return false;
-  if (m_stamp == notification.stamp)
+  // A change that comes by several ways is passed on once, unless a later way has more to tell.
+  const bool again = m_stamp == notification.stamp;
+  if (again && m_toldSilent <= notification.silent && m_toldDrawn <= notification.drawn)
     return true;
+  const bool collects = !again || m_toldSilent;
+  m_toldSilent = notification.silent && (!again || m_toldSilent);
+  m_toldDrawn = notification.drawn && (!again || m_toldDrawn);
   m_stamp = notification.stamp;
-  m_nodeId = notification.stamp;
+  m_changeId = notification.stamp;
   const bool outerSilent = notification.silent;
   const bool outerDrawn = notification.drawn;
   bool depends = dropCaches(notification);
   notification.silent |= !isNotifyEnabled();
   if (m_sensors) {
     depends = true;
-    if (!notification.silent) {
+    if (collects && !notification.silent) {
       for (NkDataSensor* sensor : *m_sensors)
         notification.collect(sensor);
     }

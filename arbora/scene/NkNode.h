@@ -82,7 +82,7 @@ class ARBORA_API NkNode : public NkFieldContainer {
 
   /// Changes with every change of the node itself; and, once a traversal has visited them, with the next change of
   /// anything below it. So a cache made by a traversal can be kept as long as the id stays.
-  std::uint64_t getNodeId() const { return m_nodeId; }
+  std::uint64_t getNodeId() const { return m_changeId; }
 
   /// Notifies as a write of a field does.
   void touch();
@@ -132,9 +132,10 @@ class ARBORA_API NkNode : public NkFieldContainer {
   static NkType s_classTypeId;
   arbora::ParentList m_parents;
   std::unique_ptr<std::vector<NkDataSensor*>> m_sensors;  // Made on demand: most nodes are watched by nobody.
-  std::uint64_t m_nodeId = 0;
   std::uint64_t m_stamp = 0;
-  bool m_armed = true;
+  // How the change of that stamp came by so far: silent each time, told to the draw lists each time.
+  bool m_toldSilent = false;
+  bool m_toldDrawn = false;
 };
 
 /// List of referenced nodes.

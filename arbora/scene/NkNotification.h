@@ -31,6 +31,8 @@ struct ARBORA_API NkNotification {
   /// Levels that it has climbed.
   int depth = 0;
 
+  static std::uint64_t nextStamp();
+
   void collect(NkDataSensor* sensor) { m_sensors.push_back(sensor); }
   /// Sets the collected sensors off, in order; one that died or was detached meanwhile is left out.
   void setOffSensors();

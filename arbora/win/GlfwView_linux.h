@@ -34,7 +34,7 @@ public:
   static void paintAll();
   /// Hands out what the user did, after waiting for something if `wait` is set and nothing waits to be painted.
   static void processEvents(bool wait);
-  /// Ends a wait; from any thread.
+  /// Ends a wait.
   static void wakeUp();
 
 private:

@@ -498,10 +498,22 @@ TEST_F(DrawLists, APathIsDrawnAlone) {
   root->addChild(part.node);
   const Ref<NkFullPath> path(NkPath::create(root.get()));
   ASSERT_TRUE(path->append(2));
+  // Nothing is kept, so what is drawn must be looked at when it is.
+  struct Looking : arbora::RecordingBackend {
+    void endFrame() override {
+      RecordingBackend::endFrame();
+      drawn = getDrawnInstances();
+    }
+    std::vector<Instance> drawn;
+  } looking;
+  action.setBackend(&looking);
   action.apply(path.get());
-  EXPECT_EQ(places(), (std::vector<float>{11}));
-  EXPECT_TRUE(backend.getBatches().empty());
-  EXPECT_EQ(backend.getNumTables(), 0U);
+  ASSERT_EQ(looking.drawn.size(), 1U);
+  EXPECT_EQ(looking.drawn[0].columns[0][3], 11);
+  EXPECT_TRUE(looking.getBatches().empty());
+  EXPECT_EQ(looking.getNumTables(), 0U);
+  EXPECT_EQ(looking.getNumErrors(), 0U);
+  action.setBackend(&backend);
 }
 
 TEST_F(DrawLists, AChangedBackEndGetsEverythingAnew) {

@@ -360,7 +360,8 @@ TEST_F(Cameras, ACameraSetsTheViewVolumeOfTheViewport) {
 }
 
 TEST_F(Cameras, WithoutACameraNoViewVolumeIsSet) {
-  EXPECT_FALSE(NkViewVolumeElement::isSet(&*StateBehind(sceneOf(new NkInfo).get()).state));
+  const NkState state = stateBehind(new NkInfo);
+  EXPECT_FALSE(NkViewVolumeElement::isSet(&state));
 }
 
 TEST_F(Cameras, AParentSpaceMovesTurnsAndScalesTheCamera) {

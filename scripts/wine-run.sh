@@ -59,6 +59,12 @@ if [[ ! -f $WINEPREFIX/panelix-ready ]]; then
   touch "$WINEPREFIX/panelix-ready"
 fi
 
+# Debian's Wine doesn't look into the folder of its own fonts. Without its Tahoma, dialogs would come out in another font
+# than on Windows.
+for font in /usr/share/wine/fonts/tahoma*.ttf; do
+  [[ ! -f $font ]] || ln -sf "$font" "$WINEPREFIX/drive_c/windows/Fonts/"
+done
+
 status=0
 wine_pinned "$@" || status=$?
 exit "$status"

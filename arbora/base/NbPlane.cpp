@@ -2,15 +2,16 @@
 
 #include "arbora/base/NbLine.h"
 #include "arbora/base/NbMatrix.h"
+#include "arbora/base/UnitLength.h"
 
 #include <cmath>
 
 NbPlane::NbPlane(const NbVec3f& normal, float distance) : m_normal(normal), m_distance(distance) {
-  m_normal.normalize();
+  arbora::makeUnit<3>(m_normal);
 }
 
 NbPlane::NbPlane(const NbVec3f& normal, const NbVec3f& point) : m_normal(normal) {
-  m_normal.normalize();
+  arbora::makeUnit<3>(m_normal);
   m_distance = m_normal.dot(point);
 }
 

@@ -1,6 +1,7 @@
 #include "arbora/base/NbRotation.h"
 
 #include "arbora/base/NbMatrix.h"
+#include "arbora/base/UnitLength.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,7 +44,8 @@ NbRotation& NbRotation::setValue(const NbVec3f& from, const NbVec3f& to) {
 
 NbRotation& NbRotation::setValue(float x, float y, float z, float w) {
   m_q.setValue(x, y, z, w);
-  if (!(m_q.normalize() > 0)) {
+  arbora::makeUnit<4>(m_q);
+  if (!(m_q.sqrLength() > 0)) {
     m_q.setValue(0, 0, 0, 1);
   }
   return *this;

@@ -143,7 +143,7 @@ struct Program {
   GLint worldToClip = -1;
   GLint eye = -1;
   GLint headlight = -1;
-  std::uint64_t frame = 0;  // The frame whose uniforms it has.
+  std::uint64_t frame = 0; // The frame whose uniforms it has.
 };
 
 struct SharedMesh {
@@ -165,8 +165,8 @@ struct GLBatch {
   GLuint instances = 0;
   GLuint textureName = 0;
   GLsizei numIndices = 0;
-  std::size_t capacity = 0;    // Instances that the buffer has room for.
-  std::size_t firstBound = 0;  // Instance at which the attributes start.
+  std::size_t capacity = 0;   // Instances that the buffer has room for.
+  std::size_t firstBound = 0; // Instance at which the attributes start.
   bool clipped = false;
   bool transparent = false;
 };
@@ -174,7 +174,7 @@ struct GLBatch {
 struct GLTables {
   std::array<GLuint, 2> buffers{};
   std::array<GLuint, 2> textures{};
-  std::array<std::size_t, 2> capacity{};  // In texels.
+  std::array<std::size_t, 2> capacity{}; // In texels.
 };
 
 const void* bufferOffset(std::size_t offset) { return reinterpret_cast<const void*>(offset); }
@@ -191,7 +191,8 @@ void bindInstances(std::size_t first) {
   constexpr std::size_t kColors[] = {offsetof(Instance, diffuse), offsetof(Instance, emissive),
                                      offsetof(Instance, specular), offsetof(Instance, ambient)};
   for (GLuint i = 0; i < 4; ++i)
-    glVertexAttribPointer(DIFFUSE + i, 4, GL_UNSIGNED_BYTE, GL_TRUE, sizeof(Instance), bufferOffset(start + kColors[i]));
+    glVertexAttribPointer(DIFFUSE + i, 4, GL_UNSIGNED_BYTE, GL_TRUE, sizeof(Instance),
+                          bufferOffset(start + kColors[i]));
   glVertexAttribIPointer(SETS, 2, GL_UNSIGNED_INT, sizeof(Instance), bufferOffset(start + offsetof(Instance, clipSet)));
 }
 
@@ -205,8 +206,8 @@ GLuint compileShader(GLenum kind, const std::string& header, const char* text) {
 
 bool buildProgram(Program& program, bool clipped, bool textured) {
   program.tried = true;
-  const std::string header =
-      std::string("#version 330 core\n") + (clipped ? "#define CLIPPED\n" : "") + (textured ? "#define TEXTURED\n" : "");
+  const std::string header = std::string("#version 330 core\n") + (clipped ? "#define CLIPPED\n" : "") +
+                             (textured ? "#define TEXTURED\n" : "");
   const GLuint vertexShader = compileShader(GL_VERTEX_SHADER, header, kVertexShader);
   const GLuint fragmentShader = compileShader(GL_FRAGMENT_SHADER, header, kFragmentShader);
   const GLuint name = glCreateProgram();
@@ -247,8 +248,9 @@ GLuint makeTexture(const Texture& texture) {
   GLint maxSize = 0;
   glGetIntegerv(GL_MAX_TEXTURE_SIZE, &maxSize);
   if (image.width > maxSize || image.height > maxSize) {
-    NkDebugError::post("arbora::GLBackend", "A texture of %d by %d pixels is too large; the graphics card takes up to %d",
-                       image.width, image.height, maxSize);
+    NkDebugError::post("arbora::GLBackend",
+                       "A texture of %d by %d pixels is too large; the graphics card takes up to %d", image.width,
+                       image.height, maxSize);
     return 0;
   }
   GLuint name = 0;
@@ -274,13 +276,13 @@ GLuint makeTexture(const Texture& texture) {
 } // namespace
 
 struct GLBackend::Objects {
-  void* context = nullptr;  // To which the objects belong.
+  void* context = nullptr; // To which the objects belong.
   Handle nextHandle = 1;
   std::unordered_map<Handle, GLBatch> batches;
   std::unordered_map<Handle, GLTables> tables;
   std::unordered_map<std::uint64_t, SharedMesh> meshes;
   std::unordered_map<std::uint64_t, SharedTexture> textures;
-  std::array<std::array<Program, 2>, 2> programs;  // [clipped][textured]
+  std::array<std::array<Program, 2>, 2> programs; // [clipped][textured]
   // What waits for a context to be deleted in.
   std::vector<GLuint> deadBuffers;
   std::vector<GLuint> deadTextures;

@@ -94,13 +94,9 @@ std::unique_ptr<NkGLContext> createOn(EGLDisplay display) {
   EGLint count = 0;
   if (!eglBindAPI(EGL_OPENGL_API) || !eglChooseConfig(display, wanted.data(), &config, 1, &count) || count == 0)
     return nullptr;
-  constexpr std::array<EGLint, 7> kAttributes{EGL_CONTEXT_MAJOR_VERSION,
-                                              3,
-                                              EGL_CONTEXT_MINOR_VERSION,
-                                              3,
-                                              EGL_CONTEXT_OPENGL_PROFILE_MASK,
-                                              EGL_CONTEXT_OPENGL_CORE_PROFILE_BIT,
-                                              EGL_NONE};
+  constexpr std::array<EGLint, 7> kAttributes{
+      EGL_CONTEXT_MAJOR_VERSION,           3,       EGL_CONTEXT_MINOR_VERSION, 3, EGL_CONTEXT_OPENGL_PROFILE_MASK,
+      EGL_CONTEXT_OPENGL_CORE_PROFILE_BIT, EGL_NONE};
   const EGLContext context = eglCreateContext(display, config, EGL_NO_CONTEXT, kAttributes.data());
   if (context == EGL_NO_CONTEXT) return nullptr;
   EGLSurface surface = EGL_NO_SURFACE;

@@ -48,11 +48,11 @@ public:
     {
       const Scope scope(*this);
       if (!scope.isCurrent()) return false;
-      const auto createContext =
-          reinterpret_cast<CreateContextAttribs>(reinterpret_cast<void*>(wglGetProcAddress("wglCreateContextAttribsARB")));
+      const auto createContext = reinterpret_cast<CreateContextAttribs>(
+          reinterpret_cast<void*>(wglGetProcAddress("wglCreateContextAttribsARB")));
       if (!createContext) return arbora::loadGL();
-      constexpr std::array<int, 7> kAttributes{kContextMajorVersion, 3, kContextMinorVersion,   3,
-                                               kContextProfileMask,  kContextCoreProfileBit, 0};
+      constexpr std::array<int, 7> kAttributes{kContextMajorVersion,   3, kContextMinorVersion, 3, kContextProfileMask,
+                                               kContextCoreProfileBit, 0};
       if (const HGLRC context = createContext(m_deviceContext, nullptr, kAttributes.data())) {
         wglMakeCurrent(nullptr, nullptr);
         wglDeleteContext(m_context);
@@ -81,8 +81,7 @@ GLADapiproc findFunction(const char* name) {
   // Functions of OpenGL 1.1 come from the library itself, and some drivers answer small numbers for what they lack.
   const auto function = reinterpret_cast<INT_PTR>(reinterpret_cast<void*>(wglGetProcAddress(name)));
   if (function > 3 || function < -1) return reinterpret_cast<GLADapiproc>(function);
-  return reinterpret_cast<GLADapiproc>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("opengl32.dll"), name)));
+  return reinterpret_cast<GLADapiproc>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("opengl32.dll"), name)));
 }
 
 } // namespace
@@ -104,7 +103,8 @@ std::unique_ptr<NkGLContext> NkGLContext::createOffscreen(NbString& why) {
     auto context = std::make_unique<WglContext>(window, GetDC(window));
     if (context->create()) return context;
   }
-  why = "No OpenGL 3.3 context can be made; install the graphics card's driver (under Wine: libgl1-mesa-dri, and a display)";
+  why = "No OpenGL 3.3 context can be made; install the graphics card's driver (under Wine: libgl1-mesa-dri, and a "
+        "display)";
   return nullptr;
 }
 

@@ -24,7 +24,7 @@ struct NkOffscreenRenderer::Target {
   float alpha = 1.0f;
   Components components = RGBA;
   int samples = 4;
-  NbVec2i32 size;  // Of the framebuffers; 0 before they are made.
+  NbVec2i32 size; // Of the framebuffers; 0 before they are made.
   bool sizeFailed = false;
   GLuint drawing = 0;
   GLuint picture = 0;
@@ -138,7 +138,8 @@ void NkOffscreenRenderer::setNumSamples(int samples) {
   m_target->size = NbVec2i32();
 }
 
-template <class What> bool NkOffscreenRenderer::renderAny(What* what) {
+template <class What>
+bool NkOffscreenRenderer::renderAny(What* what) {
   Target& target = *m_target;
   if (!what || !target.makeContext()) return false;
   const NkGLContext::Scope scope(*target.context);

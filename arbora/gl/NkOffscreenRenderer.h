@@ -48,6 +48,7 @@ public:
 
 private:
   struct Target;
-  template <class What> bool renderAny(What* what);
+  template <class What>
+  bool renderAny(What* what);
   std::unique_ptr<Target> m_target;
 };

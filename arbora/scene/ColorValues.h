@@ -10,4 +10,4 @@ inline NbColor usableColor(const NbColor& color) {
   return NbColor(usableShare(color[0]), usableShare(color[1]), usableShare(color[2]));
 }
 
-}  // namespace arbora
+} // namespace arbora

@@ -23,13 +23,11 @@ RenderBackend::~RenderBackend() = default;
 // Separator cache
 
 SeparatorCache::~SeparatorCache() {
-  for (DrawSegment* segment : segments)
-    segment->nodeDied();
+  for (DrawSegment* segment : segments) segment->nodeDied();
 }
 
 void SeparatorCache::markSegmentsDirty() {
-  for (DrawSegment* segment : segments)
-    segment->markDirty();
+  for (DrawSegment* segment : segments) segment->markDirty();
 }
 
 bool SeparatorCache::hasCleanSegments() const {
@@ -111,7 +109,7 @@ void writeTexels(const LightSet& set, NbVec4f* texels) {
   }
 }
 
-}  // namespace
+} // namespace
 
 template <class Set>
 SetPool<Set>::SetPool() : m_sets(1), m_uses(1, 0) {
@@ -120,8 +118,7 @@ SetPool<Set>::SetPool() : m_sets(1), m_uses(1, 0) {
 
 template <class Set>
 std::uint32_t SetPool<Set>::acquire(const Set& set) {
-  if (set.count == 0)
-    return 0;
+  if (set.count == 0) return 0;
   if (m_last != 0 && m_sets[m_last] == set) {
     ++m_uses[m_last];
     return m_last;
@@ -152,21 +149,18 @@ std::uint32_t SetPool<Set>::acquire(const Set& set) {
 
 template <class Set>
 void SetPool<Set>::release(std::uint32_t index) {
-  if (index == 0 || --m_uses[index] > 0)
-    return;
+  if (index == 0 || --m_uses[index] > 0) return;
   const auto [begin, end] = m_byHash.equal_range(hashOf(m_sets[index]));
   m_byHash.erase(std::find_if(begin, end, [index](const auto& entry) { return entry.second == index; }));
   m_free.push_back(index);
-  if (m_last == index)
-    m_last = 0;
+  if (m_last == index) m_last = 0;
 }
 
 template <class Set>
 void SetPool<Set>::write(std::uint32_t index) {
   const std::size_t first = index * kTexels<Set>;
   const std::size_t end = first + kTexels<Set>;
-  if (m_texels.size() < end)
-    m_texels.resize(end);
+  if (m_texels.size() < end) m_texels.resize(end);
   writeTexels(m_sets[index], m_texels.data() + first);
   if (m_changed.count == 0) {
     m_changed = {first, kTexels<Set>};
@@ -179,8 +173,7 @@ void SetPool<Set>::write(std::uint32_t index) {
 
 template <class Set>
 void SetPool<Set>::upload(RenderBackend& backend, RenderBackend::Handle tables, RenderBackend::SetKind kind) {
-  if (m_changed.count == 0)
-    return;
+  if (m_changed.count == 0) return;
   backend.updateTable(tables, kind, m_texels, m_changed);
   m_changed = {0, 0};
 }
@@ -204,8 +197,7 @@ DrawSegment::~DrawSegment() {
     segments[m_cacheIndex]->m_cacheIndex = m_cacheIndex;
     segments.pop_back();
   }
-  if (m_queueIndex != kNotQueued)
-    m_list.m_dirty[m_queueIndex] = nullptr;
+  if (m_queueIndex != kNotQueued) m_list.m_dirty[m_queueIndex] = nullptr;
 }
 
 void DrawSegment::markDirty() {
@@ -229,14 +221,11 @@ DrawList::DrawList(NkGLRenderAction& action)
 DrawList::~DrawList() {
   m_root.reset();
   RenderBackend* backend = m_action.getBackend();
-  if (!backend)
-    return;
+  if (!backend) return;
   for (const DrawBatch* batch : m_order) {
-    if (batch->handle)
-      backend->destroyBatch(batch->handle);
+    if (batch->handle) backend->destroyBatch(batch->handle);
   }
-  if (m_tables)
-    backend->destroyTables(m_tables);
+  if (m_tables) backend->destroyTables(m_tables);
 }
 
 bool DrawList::belongsTo(const NkNode* root) const { return !m_rootIsSeparator || m_root->m_node == root; }
@@ -245,8 +234,7 @@ bool DrawList::belongsTo(const NkNode* root) const { return !m_rootIsSeparator |
 
 void DrawList::update(NkNode* root) {
   if (m_rootIsSeparator) {
-    if (m_root->m_dirty)
-      compileAlone(*m_root);
+    if (m_root->m_dirty) compileAlone(*m_root);
   } else if (m_root->m_dirty || m_rootId != root->getNodeId()) {
     // A plain root hears of every change below it without knowing whether it is one of its own content. That content
     // is mostly segments, which stay as they are.
@@ -259,29 +247,24 @@ void DrawList::update(NkNode* root) {
 void DrawList::fill(const std::function<void()>& traverse) { compile(*m_root, traverse); }
 
 void DrawList::compileDirty() {
-  if (m_dirty.empty())
-    return;
+  if (m_dirty.empty()) return;
   std::erase(m_dirty, nullptr);
   // From the top: compiling a segment may change what the ones below inherit, or remove them.
   std::sort(m_dirty.begin(), m_dirty.end(),
             [](const DrawSegment* a, const DrawSegment* b) { return a->m_depth < b->m_depth; });
   const std::size_t count = m_dirty.size();
-  for (std::size_t i = 0; i < count; ++i)
-    m_dirty[i]->m_queueIndex = i;
+  for (std::size_t i = 0; i < count; ++i) m_dirty[i]->m_queueIndex = i;
   for (std::size_t i = 0; i < count; ++i) {
     DrawSegment* segment = m_dirty[i];
-    if (!segment)
-      continue;
+    if (!segment) continue;
     segment->m_queueIndex = DrawSegment::kNotQueued;
-    if (segment->m_dirty && segment->m_node)
-      compileAlone(*segment);
+    if (segment->m_dirty && segment->m_node) compileAlone(*segment);
   }
   // What was marked meanwhile, by a node that changes the scene in which it is drawn, waits for the next frame, so that
   // this one comes to an end.
   m_dirty.erase(m_dirty.begin(), m_dirty.begin() + static_cast<std::ptrdiff_t>(count));
   for (std::size_t i = 0; i < m_dirty.size(); ++i) {
-    if (m_dirty[i])
-      m_dirty[i]->m_queueIndex = i;
+    if (m_dirty[i]) m_dirty[i]->m_queueIndex = i;
   }
 }
 
@@ -308,8 +291,7 @@ void DrawList::compile(DrawSegment& segment, const Traverse& traverse) {
 }
 
 void DrawList::startState(NkState& state) const {
-  if (!m_alone || !m_alone->m_parent)
-    return;
+  if (!m_alone || !m_alone->m_parent) return;
   const Inherited& entry = m_alone->m_entry;
   state.model = entry.model;
   state.material = entry.material;
@@ -362,8 +344,7 @@ void DrawList::visitSeparator(NkSeparator* separator, const NkState& state) {
     compile(segment, traverse);
     return;
   }
-  if (!m_pass)
-    return;
+  if (!m_pass) return;
   const Inherited entry = capture(state);
   DrawSegment& segment = nextChild(separator);
   if (!segment.m_dirty && segment.m_entry == entry) {
@@ -379,8 +360,7 @@ DrawSegment& DrawList::nextChild(NkSeparator* separator) {
   DrawSegment& parent = *m_pass->segment;
   auto& children = parent.m_children;
   const std::size_t place = m_pass->children++;
-  if (place < children.size() && children[place]->m_node == separator)
-    return *children[place];
+  if (place < children.size() && children[place]->m_node == separator) return *children[place];
   // Children came, went or changed places. The separator knows its segments, mostly a single one; where it has many,
   // looking through all of them each time would cost more than compiling anew.
   constexpr std::size_t kMaxLook = 64;
@@ -392,8 +372,7 @@ DrawSegment& DrawList::nextChild(NkSeparator* separator) {
       break;
     }
   }
-  if (found == children.size())
-    children.push_back(std::make_unique<DrawSegment>(*this, &parent, separator));
+  if (found == children.size()) children.push_back(std::make_unique<DrawSegment>(*this, &parent, separator));
   std::swap(children[place], children[found]);
   children[found]->m_parentIndex = static_cast<std::uint32_t>(found);
   children[place]->m_parentIndex = static_cast<std::uint32_t>(place);
@@ -406,8 +385,7 @@ void DrawList::cutChildren(DrawSegment& segment, std::size_t count) {
     cutItems(child, 0);
     cutChildren(child, 0);
     releaseSets(child.m_entry.clipSet, child.m_entry.lightSet);
-    if (child.m_hasCamera)
-      --segment.m_childrenWithCamera;
+    if (child.m_hasCamera) --segment.m_childrenWithCamera;
     segment.m_children.pop_back();
   }
 }
@@ -423,8 +401,7 @@ void DrawList::cutItems(DrawSegment& segment, std::size_t count) {
 // Cameras
 
 void DrawList::addCamera(NkCamera* camera, const NbMatrix& model) {
-  if (!m_pass || m_pass->segment->m_camera)
-    return;
+  if (!m_pass || m_pass->segment->m_camera) return;
   m_pass->segment->m_camera = camera;
   m_pass->segment->m_cameraModel = model;
   m_pass->segment->m_cameraOrder = m_pass->children;
@@ -433,11 +410,9 @@ void DrawList::addCamera(NkCamera* camera, const NbMatrix& model) {
 void DrawList::noteCamera(DrawSegment& segment) {
   for (DrawSegment* s = &segment; s; s = s->m_parent) {
     const bool hasCamera = s->m_camera || s->m_childrenWithCamera > 0;
-    if (hasCamera == s->m_hasCamera)
-      return;
+    if (hasCamera == s->m_hasCamera) return;
     s->m_hasCamera = hasCamera;
-    if (s->m_parent)
-      s->m_parent->m_childrenWithCamera += hasCamera ? 1 : -1;
+    if (s->m_parent) s->m_parent->m_childrenWithCamera += hasCamera ? 1 : -1;
   }
 }
 
@@ -450,8 +425,7 @@ const DrawSegment* DrawList::findCamera() const {
                            ? end
                            : std::find_if(segment->m_children.begin(), end,
                                           [](const std::unique_ptr<DrawSegment>& c) { return c->m_hasCamera; });
-    if (child == end)
-      return segment->m_camera ? segment : nullptr;
+    if (child == end) return segment->m_camera ? segment : nullptr;
     segment = child->get();
   }
   return nullptr;
@@ -480,8 +454,7 @@ void DrawList::placeView(Frame& frame) {
 namespace {
 
 std::uint32_t packByte(float value) {
-  if (!(value > 0))
-    return 0;
+  if (!(value > 0)) return 0;
   return value >= 1 ? 255 : static_cast<std::uint32_t>(value * 255.0f + 0.5f);
 }
 
@@ -489,17 +462,15 @@ std::uint32_t pack(const NbColor& color, float fourth) {
   return packByte(color[0]) | packByte(color[1]) << 8U | packByte(color[2]) << 16U | packByte(fourth) << 24U;
 }
 
-}  // namespace
+} // namespace
 
 void DrawList::addMesh(const PlacedMesh& placed, const NkState& state) {
-  if (!m_pass || !placed.mesh || placed.mesh->getIndices().empty())
-    return;
+  if (!m_pass || !placed.mesh || placed.mesh->getIndices().empty()) return;
   const Material& material = state.material;
   Instance instance;
   instance.diffuse = pack(material.diffuse, 1.0f - material.transparency);
   const std::uint32_t opacity = instance.diffuse >> 24U;
-  if (opacity == 0)
-    return;
+  if (opacity == 0) return;
   instance.emissive = pack(material.emissive, 0);
   instance.specular = pack(material.specular, material.shininess);
   instance.ambient = pack(material.ambient, 0);
@@ -536,17 +507,14 @@ void DrawList::addMesh(const PlacedMesh& placed, const NkState& state) {
 
 void DrawList::takeTexture(const NkState& state) {
   const std::uint64_t id = state.texture ? state.texture->getNodeId() : 0;
-  if (m_texture == state.texture && m_textureNodeId == id)
-    return;
+  if (m_texture == state.texture && m_textureNodeId == id) return;
   m_texture = state.texture;
   m_textureNodeId = id;
   m_textureData = Texture();
   m_textureTransparent = false;
-  if (!state.texture)
-    return;
+  if (!state.texture) return;
   const Image& image = state.texture->getImage();
-  if (image.width <= 0 || image.height <= 0)
-    return;
+  if (image.width <= 0 || image.height <= 0) return;
   m_textureData.id = id;
   m_textureData.image = &image;
   m_textureData.repeatS = state.texture->wrapS.getValue() == NkTexture2::REPEAT;
@@ -582,8 +550,7 @@ void DrawList::touch(DrawBatch& batch, std::size_t slot) {
   }
   if (!batch.changed.empty()) {
     RenderBackend::Range& last = batch.changed.back();
-    if (slot >= last.first && slot < last.first + last.count)
-      return;
+    if (slot >= last.first && slot < last.first + last.count) return;
     if (slot == last.first + last.count) {
       ++last.count;
       return;
@@ -595,8 +562,7 @@ void DrawList::touch(DrawBatch& batch, std::size_t slot) {
 void DrawList::overwrite(DrawBatch& batch, std::uint32_t slot, const Instance& instance) {
   Instance& place = batch.instances[slot];
   releaseSets(place.clipSet, place.lightSet);
-  if (std::memcmp(&place, &instance, sizeof(Instance)) == 0)
-    return;
+  if (std::memcmp(&place, &instance, sizeof(Instance)) == 0) return;
   place = instance;
   touch(batch, slot);
 }
@@ -637,19 +603,15 @@ void DrawList::flush() {
     batch->texture.image = nullptr;
   }
   m_touched.clear();
-  if (anyEmpty)
-    dropEmptyBatches();
-  if (!m_orderValid)
-    sortBatches();
+  if (anyEmpty) dropEmptyBatches();
+  if (!m_orderValid) sortBatches();
   // The image may change or go before a texture is used again.
   m_texture = nullptr;
   m_textureNodeId = 0;
   m_textureData = Texture();
   m_textureTransparent = false;
-  if (!backend)
-    return;
-  if (!m_tables)
-    m_tables = backend->createTables();
+  if (!backend) return;
+  if (!m_tables) m_tables = backend->createTables();
   m_clipSets.upload(*backend, m_tables, RenderBackend::CLIP_SETS);
   m_lightSets.upload(*backend, m_tables, RenderBackend::LIGHT_SETS);
 }
@@ -663,16 +625,14 @@ void DrawList::sendBatch(RenderBackend& backend, DrawBatch& batch) {
     description.clipped = batch.key.clipped;
     batch.handle = backend.createBatch(description);
   }
-  if (batch.transparent())
-    return;  // Sent in the order of the frame.
+  if (batch.transparent()) return; // Sent in the order of the frame.
   // Neighbouring ranges go together: a call costs more than a few instances too many.
   constexpr std::size_t kGap = 32;
   std::sort(batch.changed.begin(), batch.changed.end(),
             [](const RenderBackend::Range& a, const RenderBackend::Range& b) { return a.first < b.first; });
   m_ranges.clear();
   for (RenderBackend::Range range : batch.changed) {
-    if (range.first >= batch.instances.size())
-      break;
+    if (range.first >= batch.instances.size()) break;
     range.count = std::min(range.count, batch.instances.size() - range.first);
     if (!m_ranges.empty() && range.first <= m_ranges.back().first + m_ranges.back().count + kGap) {
       RenderBackend::Range& last = m_ranges.back();
@@ -681,18 +641,15 @@ void DrawList::sendBatch(RenderBackend& backend, DrawBatch& batch) {
       m_ranges.push_back(range);
     }
   }
-  if (!m_ranges.empty())
-    backend.updateBatch(batch.handle, batch.instances, m_ranges);
+  if (!m_ranges.empty()) backend.updateBatch(batch.handle, batch.instances, m_ranges);
 }
 
 void DrawList::dropEmptyBatches() {
   std::erase_if(m_order, [](const DrawBatch* batch) { return batch->instances.empty(); });
   std::erase_if(m_batches, [this](const auto& entry) {
     const DrawBatch& batch = *entry.second;
-    if (!batch.instances.empty())
-      return false;
-    if (batch.handle)
-      m_action.getBackend()->destroyBatch(batch.handle);
+    if (!batch.instances.empty()) return false;
+    if (batch.handle) m_action.getBackend()->destroyBatch(batch.handle);
     return true;
   });
 }
@@ -708,8 +665,7 @@ void DrawList::sortBatches() {
 }
 
 void DrawList::sortTransparent(RenderBackend& backend, const Frame& frame) {
-  if (m_runsValid && m_runsEye == frame.eye)
-    return;
+  if (m_runsValid && m_runsEye == frame.eye) return;
   m_runsValid = true;
   m_runsEye = frame.eye;
   m_runs.clear();
@@ -721,8 +677,7 @@ void DrawList::sortTransparent(RenderBackend& backend, const Frame& frame) {
   std::vector<Entry> entries;
   const NbVec3f eye(frame.eye[0], frame.eye[1], frame.eye[2]);
   for (DrawBatch* batch : m_order) {
-    if (!batch->transparent())
-      continue;
+    if (!batch->transparent()) continue;
     batch->sorted.clear();
     const NbVec3f middle = batch->mesh->getBox().getCenter();
     for (std::size_t slot = 0; slot < batch->instances.size(); ++slot) {
@@ -747,15 +702,13 @@ void DrawList::sortTransparent(RenderBackend& backend, const Frame& frame) {
     sorted.push_back(entry.batch->instances[entry.slot]);
   }
   for (DrawBatch* batch : m_order) {
-    if (batch->transparent())
-      backend.updateBatch(batch->handle, batch->sorted, {{0, batch->sorted.size()}});
+    if (batch->transparent()) backend.updateBatch(batch->handle, batch->sorted, {{0, batch->sorted.size()}});
   }
 }
 
 void DrawList::draw(Frame& frame) {
   RenderBackend* backend = m_action.getBackend();
-  if (!backend)
-    return;
+  if (!backend) return;
   placeView(frame);
   frame.headlight = !m_lightSets.isUsed();
   sortTransparent(*backend, frame);
@@ -767,12 +720,10 @@ void DrawList::draw(Frame& frame) {
     statistics.drawnInstances += static_cast<int>(count);
   };
   for (const DrawBatch* batch : m_order) {
-    if (!batch->transparent())
-      drawBatch(*batch, 0, batch->instances.size());
+    if (!batch->transparent()) drawBatch(*batch, 0, batch->instances.size());
   }
-  for (const Run& run : m_runs)
-    drawBatch(*run.batch, run.first, run.count);
+  for (const Run& run : m_runs) drawBatch(*run.batch, run.first, run.count);
   backend->endFrame();
 }
 
-}  // namespace arbora
+} // namespace arbora

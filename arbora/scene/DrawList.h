@@ -25,7 +25,7 @@ struct DrawBatch;
 /// the empty one.
 template <class Set>
 class SetPool {
- public:
+public:
   SetPool();
   /// The number of the set, with one more use of it.
   std::uint32_t acquire(const Set& set);
@@ -37,13 +37,13 @@ class SetPool {
   /// Sends what changed since the last time.
   void upload(RenderBackend& backend, RenderBackend::Handle tables, RenderBackend::SetKind kind);
 
- private:
+private:
   void write(std::uint32_t index);
   std::vector<Set> m_sets;
   std::vector<std::uint32_t> m_uses;
   std::vector<std::uint32_t> m_free;
   std::unordered_multimap<std::uint64_t, std::uint32_t> m_byHash;
-  std::uint32_t m_last = 0;  // The set that was asked for last: neighbours mostly share theirs.
+  std::uint32_t m_last = 0; // The set that was asked for last: neighbours mostly share theirs.
   std::vector<NbVec4f> m_texels;
   RenderBackend::Range m_changed{0, 0};
 };
@@ -71,7 +71,7 @@ struct Inherited {
 
 /// The compiled content of one visit of a separator: its own meshes and the segments of the separators in it.
 class DrawSegment {
- public:
+public:
   /// `node` is NULL for the segment of a root that is no separator.
   DrawSegment(DrawList& list, DrawSegment* parent, NkSeparator* node);
   ~DrawSegment();
@@ -83,7 +83,7 @@ class DrawSegment {
   /// The separator is gone; its parent's content is compiled anew, since that changed, too.
   void nodeDied() { m_node = nullptr; }
 
- private:
+private:
   friend class DrawList;
   struct Item {
     DrawBatch* batch;
@@ -93,12 +93,12 @@ class DrawSegment {
   DrawSegment* m_parent;
   NkSeparator* m_node;
   std::uint32_t m_depth;
-  std::uint32_t m_cacheIndex = 0;   // Place in the node's cache.
-  std::uint32_t m_parentIndex = 0;  // Place among the parent's segments.
+  std::uint32_t m_cacheIndex = 0;  // Place in the node's cache.
+  std::uint32_t m_parentIndex = 0; // Place among the parent's segments.
   static constexpr std::size_t kNotQueued = ~std::size_t{0};
-  std::size_t m_queueIndex = kNotQueued;  // Place in the list's queue.
+  std::size_t m_queueIndex = kNotQueued; // Place in the list's queue.
   bool m_dirty = true;
-  bool m_hasCamera = false;  // Here or below.
+  bool m_hasCamera = false; // Here or below.
   int m_childrenWithCamera = 0;
   Inherited m_entry;
   std::vector<Item> m_items;
@@ -113,7 +113,7 @@ class DrawSegment {
 /// What all that one call draws has in common.
 struct BatchKey {
   std::uint64_t mesh;
-  std::uint64_t texture;  // 0: none.
+  std::uint64_t texture; // 0: none.
   bool transparent;
   bool clipped;
   friend bool operator==(const BatchKey&, const BatchKey&) = default;
@@ -127,21 +127,21 @@ struct DrawBatch {
   };
   BatchKey key;
   Ref<Mesh> mesh;
-  Texture texture;  // The image is known only while the scene is compiled.
+  Texture texture; // The image is known only while the scene is compiled.
   bool touched = false;
   std::uint32_t serial = 0;
   RenderBackend::Handle handle = 0;
   std::vector<Instance> instances;
-  std::vector<Owner> owners;  // Of each instance.
+  std::vector<Owner> owners; // Of each instance.
   std::vector<RenderBackend::Range> changed;
-  std::vector<Instance> sorted;  // Transparent ones: as the back end has them, from back to front.
+  std::vector<Instance> sorted; // Transparent ones: as the back end has them, from back to front.
   bool transparent() const { return key.transparent; }
 };
 
 /// A scene compiled for drawing. It follows the scene: notifications mark the segments whose content changed, and
 /// `update` compiles those anew, where what comes out the same stays in its place.
 class DrawList {
- public:
+public:
   DrawList(NkGLRenderAction& action, NkNode* root);
   /// A list for a single use: nothing is remembered of the separators in between.
   explicit DrawList(NkGLRenderAction& action);
@@ -168,7 +168,7 @@ class DrawList {
   void addCamera(NkCamera* camera, const NbMatrix& model);
   void visitSeparator(NkSeparator* separator, const NkState& state);
 
- private:
+private:
   friend class DrawSegment;
   /// How far the compilation of one segment has come.
   struct Pass {
@@ -212,18 +212,18 @@ class DrawList {
   NkGLRenderAction& m_action;
   bool m_isKept;
   bool m_rootIsSeparator = false;
-  std::uint64_t m_rootId = 0;  // Id of a root that is no separator, as it was compiled.
+  std::uint64_t m_rootId = 0; // Id of a root that is no separator, as it was compiled.
   SetPool<ClipSet> m_clipSets;
   SetPool<LightSet> m_lightSets;
   std::unordered_map<BatchKey, std::unique_ptr<DrawBatch>, BatchKeyHash> m_batches;
-  std::vector<DrawBatch*> m_order;  // As they are drawn.
+  std::vector<DrawBatch*> m_order; // As they are drawn.
   bool m_orderValid = true;
   std::vector<DrawBatch*> m_touched;
   std::uint32_t m_nextSerial = 0;
-  std::vector<DrawSegment*> m_dirty;  // A slot is emptied when its segment goes.
+  std::vector<DrawSegment*> m_dirty; // A slot is emptied when its segment goes.
   std::unique_ptr<DrawSegment> m_root;
   Pass* m_pass = nullptr;
-  DrawSegment* m_alone = nullptr;  // The segment at which the traversal that is about to begin starts.
+  DrawSegment* m_alone = nullptr; // The segment at which the traversal that is about to begin starts.
   // The texture that the state had last, and whether it has pixels.
   const NkTexture2* m_texture = nullptr;
   std::uint64_t m_textureNodeId = 0;
@@ -236,7 +236,7 @@ class DrawList {
   std::vector<Run> m_runs;
   bool m_runsValid = false;
   NbVec4f m_runsEye;
-  std::vector<RenderBackend::Range> m_ranges;  // Scratch.
+  std::vector<RenderBackend::Range> m_ranges; // Scratch.
 };
 
-}  // namespace arbora
+} // namespace arbora

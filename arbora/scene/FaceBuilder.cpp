@@ -35,7 +35,7 @@ NbVec3f facetNormal(const std::vector<Vertex>& corners) {
                  static_cast<float>(sum[2] / length));
 }
 
-}  // namespace
+} // namespace
 
 void FaceBuilder::beginFace(bool hasNormals, bool hasTexture) {
   m_corners.clear();
@@ -44,8 +44,8 @@ void FaceBuilder::beginFace(bool hasNormals, bool hasTexture) {
 }
 
 void FaceBuilder::endFace() {
-  if (m_corners.size() < 3 || !std::all_of(m_corners.begin(), m_corners.end(),
-                                           [](const Vertex& corner) { return isFinite(corner.position); }))
+  if (m_corners.size() < 3 ||
+      !std::all_of(m_corners.begin(), m_corners.end(), [](const Vertex& corner) { return isFinite(corner.position); }))
     return;
   const NbVec3f normal = facetNormal(m_corners);
   if (normal == NbVec3f()) return;
@@ -66,8 +66,7 @@ void FaceBuilder::endFace() {
   const auto count = static_cast<std::uint32_t>(m_corners.size());
   m_vertices.insert(m_vertices.end(), m_corners.begin(), m_corners.end());
   if (isConvex(u, v)) {
-    for (std::uint32_t i = 1; i + 1 < count; ++i)
-      m_indices.insert(m_indices.end(), {first, first + i, first + i + 1});
+    for (std::uint32_t i = 1; i + 1 < count; ++i) m_indices.insert(m_indices.end(), {first, first + i, first + i + 1});
   } else {
     addTessellated(u, v, normal);
   }
@@ -76,9 +75,7 @@ void FaceBuilder::endFace() {
 bool FaceBuilder::isConvex(int u, int v) const {
   const std::size_t count = m_corners.size();
   if (count == 3) return true;
-  const auto edge = [&](std::size_t i) {
-    return m_corners[(i + 1) % count].position - m_corners[i % count].position;
-  };
+  const auto edge = [&](std::size_t i) { return m_corners[(i + 1) % count].position - m_corners[i % count].position; };
   // No turn to the right, and once around: a star never turns right either.
   int turns = 0;
   float lastU = 0;
@@ -114,9 +111,8 @@ void FaceBuilder::addTessellated(int u, int v, const NbVec3f& normal) {
     const auto distance = [&](const Vertex& corner) {
       return (NbVec2f(corner.position[u], corner.position[v]) - point).sqrLength();
     };
-    Vertex vertex = *std::min_element(m_corners.begin(), m_corners.end(), [&](const Vertex& a, const Vertex& b) {
-      return distance(a) < distance(b);
-    });
+    Vertex vertex = *std::min_element(m_corners.begin(), m_corners.end(),
+                                      [&](const Vertex& a, const Vertex& b) { return distance(a) < distance(b); });
     const float du = point[0] - vertex.position[u];
     const float dv = point[1] - vertex.position[v];
     vertex.position[u] = point[0];
@@ -145,4 +141,4 @@ Ref<Mesh> FaceBuilder::finish() {
   return Mesh::intern(std::move(m_vertices), std::move(m_indices));
 }
 
-}  // namespace arbora
+} // namespace arbora

@@ -33,4 +33,4 @@ private:
   std::vector<std::uint32_t> m_indices;
 };
 
-}  // namespace arbora
+} // namespace arbora

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <limits>
 
 #include "arbora/scene/ListIO.h"
 #include "arbora/scene/NkInput.h"
@@ -15,11 +15,11 @@ namespace {
 
 constexpr std::size_t kNumberSize = 4;  // In the binary form.
 
-template <std::size_t N> bool readNumbers(NkInput* in, std::array<float, N>& numbers) {
-  return std::all_of(numbers.begin(), numbers.end(), [in](float& number) { return in->read(number); });
+template <class Number, std::size_t N> bool readNumbers(NkInput* in, std::array<Number, N>& numbers) {
+  return std::all_of(numbers.begin(), numbers.end(), [in](Number& number) { return in->read(number); });
 }
 
-void writeNumbers(NkOutput* out, const float* numbers, std::size_t count) {
+template <class Number> void writeNumbers(NkOutput* out, const Number* numbers, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     if (i > 0)
       out->writeRaw(" ");
@@ -27,46 +27,38 @@ void writeNumbers(NkOutput* out, const float* numbers, std::size_t count) {
   }
 }
 
-// The nearest float `steps` places up or down.
-float stepped(float value, int steps) {
-  const float end = steps < 0 ? -std::numeric_limits<float>::infinity() : std::numeric_limits<float>::infinity();
-  for (; steps != 0; steps += steps < 0 ? 1 : -1)
-    value = std::nextafter(value, end);
-  return value;
+using Quaternion = std::array<float, 4>;
+using AxisAngle = std::array<double, 4>;
+
+NbRotation makeRotation(const Quaternion& q) {
+  return NbRotation(q[0], q[1], q[2], q[3]);
 }
 
-// Values that are scaled to length 1 when they are made may come out of their own parts a last digit off. Looks among
-// the neighbours of the numbers for those that give the very value; leaves the numbers if there are none.
-template <std::size_t N, class GivesValue> void findExact(std::array<float, N>& numbers, GivesValue givesValue) {
-  if (givesValue(numbers))
-    return;
-  constexpr int kReach = 3;
-  for (int reach = 1; reach <= kReach; ++reach) {
-    const int width = 2 * reach + 1;
-    int count = 1;
-    for (std::size_t i = 0; i < N; ++i)
-      count *= width;
-    for (int code = 0; code < count; ++code) {
-      std::array<float, N> candidate = numbers;
-      int rest = code;
-      for (float& number : candidate) {
-        number = stepped(number, rest % width - reach);
-        rest /= width;
-      }
-      if (givesValue(candidate)) {
-        numbers = candidate;
-        return;
-      }
-    }
-  }
+// In double precision: an angle near a full turn has too few digits as a float.
+NbRotation makeRotation(const AxisAngle& numbers) {
+  const double length = std::hypot(numbers[0], numbers[1], numbers[2]);
+  if (!(length > 0))
+    return NbRotation();
+  const double scale = std::sin(numbers[3] / 2) / length;
+  return makeRotation(Quaternion{static_cast<float>(numbers[0] * scale), static_cast<float>(numbers[1] * scale),
+                                 static_cast<float>(numbers[2] * scale), static_cast<float>(std::cos(numbers[3] / 2))});
 }
 
-NbRotation makeRotation(const std::array<float, 4>& numbers) {
-  return NbRotation(NbVec3f(numbers[0], numbers[1], numbers[2]), numbers[3]);
+// With an angle from 0 to two pi: each half belongs to one of two opposite quaternions.
+AxisAngle toAxisAngle(const Quaternion& q) {
+  const AxisAngle d{q[0], q[1], q[2], q[3]};
+  const double sine = std::hypot(d[0], d[1], d[2]);
+  if (sine == 0)
+    return {0, 0, 1, 0};
+  return {d[0] / sine, d[1] / sine, d[2] / sine, 2 * std::atan2(sine, d[3])};
 }
 
-NbPlane makePlane(const std::array<float, 4>& numbers) {
-  return NbPlane(NbVec3f(numbers[0], numbers[1], numbers[2]), numbers[3]);
+// The number with no more digits than a float needs.
+double shortened(double number) {
+  char text[32];
+  const char* end = std::to_chars(text, text + sizeof(text), static_cast<float>(number)).ptr;
+  std::from_chars(text, end, number);
+  return number;
 }
 
 } // namespace
@@ -162,8 +154,22 @@ void writeFieldValue(NkOutput* out, const NbColor& value) {
   writeNumbers(out, value.getValue(), 3);
 }
 
+// In text an axis and an angle in radians, or the quaternion in brackets; in the binary form the quaternion.
+
 bool readFieldValue(NkInput* in, NbRotation& value) {
-  std::array<float, 4> numbers;
+  const bool isBracketed = !in->isBinary() && in->take('(');
+  if (in->isBinary() || isBracketed) {
+    Quaternion numbers;
+    if (!readNumbers(in, numbers))
+      return false;
+    if (isBracketed && !in->take(')')) {
+      in->error("')' expected, found %s", in->describeNext().c_str());
+      return false;
+    }
+    value = makeRotation(numbers);
+    return true;
+  }
+  AxisAngle numbers;
   if (!readNumbers(in, numbers))
     return false;
   value = makeRotation(numbers);
@@ -171,14 +177,24 @@ bool readFieldValue(NkInput* in, NbRotation& value) {
 }
 
 void writeFieldValue(NkOutput* out, const NbRotation& value) {
-  // Not the angle from 0 to pi that the rotation tells: that one belongs to the opposite quaternion as well.
-  NbVec3f axis(value.getValue());
-  const float sine = axis.normalize();
-  std::array<float, 4> numbers{0, 0, 1, 0};
-  if (sine > 0)
-    numbers = {axis[0], axis[1], axis[2], 2 * std::atan2(sine, value.getValue()[3])};
-  findExact(numbers, [&value](const std::array<float, 4>& parts) { return makeRotation(parts) == value; });
-  writeNumbers(out, numbers.data(), numbers.size());
+  const float* parts = value.getValue();
+  if (out->isBinary()) {
+    writeNumbers(out, parts, 4);
+    return;
+  }
+  // The first of these that gives the very value again: short numbers, long ones, the quaternion.
+  const AxisAngle numbers = toAxisAngle({parts[0], parts[1], parts[2], parts[3]});
+  AxisAngle brief;
+  std::transform(numbers.begin(), numbers.end(), brief.begin(), shortened);
+  if (makeRotation(brief) == value) {
+    writeNumbers(out, brief.data(), brief.size());
+  } else if (makeRotation(numbers) == value) {
+    writeNumbers(out, numbers.data(), numbers.size());
+  } else {
+    out->writeRaw("(");
+    writeNumbers(out, parts, 4);
+    out->writeRaw(")");
+  }
 }
 
 bool readFieldValue(NkInput* in, NbMatrix& value) {
@@ -203,20 +219,14 @@ bool readFieldValue(NkInput* in, NbPlane& value) {
   std::array<float, 4> numbers;
   if (!readNumbers(in, numbers))
     return false;
-  value = makePlane(numbers);
+  value = NbPlane(NbVec3f(numbers[0], numbers[1], numbers[2]), numbers[3]);
   return true;
 }
 
 void writeFieldValue(NkOutput* out, const NbPlane& value) {
-  const NbVec3f& normal = value.getNormal();
-  std::array<float, 3> numbers{normal[0], normal[1], normal[2]};
-  const float distance = value.getDistanceFromOrigin();
-  findExact(numbers, [&](const std::array<float, 3>& parts) {
-    return makePlane({parts[0], parts[1], parts[2], distance}) == value;
-  });
-  writeNumbers(out, numbers.data(), numbers.size());
+  writeNumbers(out, value.getNormal().getValue(), 3);
   out->writeRaw(" ");
-  out->write(distance);
+  out->write(value.getDistanceFromOrigin());
 }
 
 // Images: in text one number for each pixel, with the first component in the highest byte; in the binary form the bytes.

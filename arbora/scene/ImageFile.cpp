@@ -38,10 +38,9 @@ bool decodeImage(const std::string& bytes, Image& image, std::string& why) {
   const std::size_t row = static_cast<std::size_t>(width) * static_cast<std::size_t>(components);
   image.pixels.resize(row * static_cast<std::size_t>(height));
   for (std::size_t y = 0; y < static_cast<std::size_t>(height); ++y) {
-    std::copy_n(pixels.get() + y * row, row,
-                image.pixels.end() - static_cast<std::ptrdiff_t>((y + 1) * row));
+    std::copy_n(pixels.get() + y * row, row, image.pixels.end() - static_cast<std::ptrdiff_t>((y + 1) * row));
   }
   return true;
 }
 
-}  // namespace arbora
+} // namespace arbora

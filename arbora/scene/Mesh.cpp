@@ -22,7 +22,8 @@ Pool& pool() {
 
 static_assert(sizeof(Vertex) == 8 * sizeof(float), "meshes are hashed and compared by their bytes");
 
-template <class T> bool sameBytes(const std::vector<T>& a, const std::vector<T>& b) {
+template <class T>
+bool sameBytes(const std::vector<T>& a, const std::vector<T>& b) {
   return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0);
 }
 
@@ -31,7 +32,8 @@ std::uint64_t mix(std::uint64_t hash, std::uint64_t value) {
   return hash ^ (hash >> 29);
 }
 
-template <class T> std::uint64_t hashBytes(std::uint64_t hash, const std::vector<T>& values) {
+template <class T>
+std::uint64_t hashBytes(std::uint64_t hash, const std::vector<T>& values) {
   const auto* bytes = reinterpret_cast<const unsigned char*>(values.data());
   const std::size_t size = values.size() * sizeof(T);
   std::size_t offset = 0;
@@ -48,7 +50,9 @@ template <class T> std::uint64_t hashBytes(std::uint64_t hash, const std::vector
 bool isFinite(const NbVec3f& v) { return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]); }
 
 void dropBadTriangles(std::vector<std::uint32_t>& indices, const std::vector<Vertex>& vertices) {
-  const auto isGood = [&](std::uint32_t index) { return index < vertices.size() && isFinite(vertices[index].position); };
+  const auto isGood = [&](std::uint32_t index) {
+    return index < vertices.size() && isFinite(vertices[index].position);
+  };
   std::size_t kept = 0;
   for (std::size_t i = 0; i + 2 < indices.size(); i += 3) {
     if (!isGood(indices[i]) || !isGood(indices[i + 1]) || !isGood(indices[i + 2])) continue;
@@ -95,14 +99,15 @@ bool intersectTriangle(const Vec3d& start, const Vec3d& direction, const NbVec3f
   return true;
 }
 
-template <class T> T interpolate(const T& a, const T& b, const T& c, const TriangleHit& at) {
+template <class T>
+T interpolate(const T& a, const T& b, const T& c, const TriangleHit& at) {
   return a * static_cast<float>(1 - at.u - at.v) + b * static_cast<float>(at.u) + c * static_cast<float>(at.v);
 }
 
-constexpr std::size_t kHierarchyThreshold = 64;  // Triangles up to which they are all tested.
+constexpr std::size_t kHierarchyThreshold = 64; // Triangles up to which they are all tested.
 constexpr std::size_t kLeafSize = 8;
 
-}  // namespace
+} // namespace
 
 /// Boxes around ever smaller halves of a mesh's triangles.
 class MeshHierarchy {
@@ -150,8 +155,8 @@ public:
 private:
   struct Node {
     NbBox3f box;
-    std::uint32_t first = 0;  // Of a leaf: of its triangles; else the upper half, while the lower follows the node.
-    std::uint32_t count = 0;  // 0: not a leaf.
+    std::uint32_t first = 0; // Of a leaf: of its triangles; else the upper half, while the lower follows the node.
+    std::uint32_t count = 0; // 0: not a leaf.
     int axis = 0;
   };
 
@@ -176,9 +181,8 @@ private:
     if (size[2] > size[axis]) axis = 2;
     const std::size_t middle = first + (end - first) / 2;
     const auto at = [this](std::size_t i) { return m_order.begin() + static_cast<std::ptrdiff_t>(i); };
-    std::nth_element(at(first), at(middle), at(end), [&](std::uint32_t a, std::uint32_t b) {
-      return centers[a][axis] < centers[b][axis];
-    });
+    std::nth_element(at(first), at(middle), at(end),
+                     [&](std::uint32_t a, std::uint32_t b) { return centers[a][axis] < centers[b][axis]; });
     m_nodes[index].axis = axis;
     build(first, middle, boxes, centers);
     m_nodes[index].first = static_cast<std::uint32_t>(m_nodes.size());
@@ -221,8 +225,7 @@ bool Mesh::intersect(const NbVec3f& start, const NbVec3f& direction, float tMax,
   const NbVec3f inverse = reciprocal(direction);
   float tEnter = 0;
   float tLeave = tMax;
-  if (m_box.isEmpty() ||
-      !clipRayToBox(start, direction, inverse, m_box.getMin(), m_box.getMax(), tEnter, tLeave))
+  if (m_box.isEmpty() || !clipRayToBox(start, direction, inverse, m_box.getMin(), m_box.getMax(), tEnter, tLeave))
     return false;
 
   const Vec3d from(start);
@@ -281,4 +284,4 @@ NbBox3f PlacedMesh::getBox() const {
 
 int Mesh::getPoolSize() { return static_cast<int>(pool().size()); }
 
-}  // namespace arbora
+} // namespace arbora

@@ -8,8 +8,8 @@ namespace arbora {
 
 namespace {
 
-constexpr int kSlices = 32;  // Around the y axis. A multiple of 4, so that the extremes of a circle are met.
-constexpr int kStacks = 16;  // From pole to pole of a sphere; even, so that the equator is met.
+constexpr int kSlices = 32; // Around the y axis. A multiple of 4, so that the extremes of a circle are met.
+constexpr int kStacks = 16; // From pole to pole of a sphere; even, so that the equator is met.
 constexpr int kUnitMeshCount = 6;
 
 class MeshData {
@@ -59,7 +59,7 @@ Ref<Mesh> makeCube() {
 Ref<Mesh> makeSphere() {
   MeshData data;
   for (int stack = 0; stack <= kStacks; ++stack) {
-    const double angle = std::numbers::pi * stack / kStacks;  // From the lower pole.
+    const double angle = std::numbers::pi * stack / kStacks; // From the lower pole.
     const float y = static_cast<float>(-std::cos(angle));
     const float radius = stack == 0 || stack == kStacks ? 0.0F : static_cast<float>(std::sin(angle));
     for (int slice = 0; slice <= kSlices; ++slice) {
@@ -84,8 +84,7 @@ Ref<Mesh> makeConeSides() {
   const auto normalAt = [&](float slice) { return slope * (onCircle(slice) + NbVec3f(0, 1, 0)); };
   for (int slice = 0; slice < kSlices; ++slice) {
     const float left = static_cast<float>(slice);
-    const std::uint32_t first =
-        data.add(onCircle(left) + NbVec3f(0, -0.5F, 0), normalAt(left), left / kSlices, 0);
+    const std::uint32_t first = data.add(onCircle(left) + NbVec3f(0, -0.5F, 0), normalAt(left), left / kSlices, 0);
     data.add(onCircle(left + 1) + NbVec3f(0, -0.5F, 0), normalAt(left + 1), (left + 1) / kSlices, 0);
     // The tip has a normal of its own for each slice.
     data.add(NbVec3f(0, 0.5F, 0), normalAt(left + 0.5F), (left + 0.5F) / kSlices, 1);
@@ -130,12 +129,18 @@ Ref<Mesh> makeDisc(float side) {
 
 Ref<Mesh> make(UnitMesh kind) {
   switch (kind) {
-    case UnitMesh::CUBE: return makeCube();
-    case UnitMesh::SPHERE: return makeSphere();
-    case UnitMesh::CONE_SIDES: return makeConeSides();
-    case UnitMesh::CYLINDER_SIDES: return makeCylinderSides();
-    case UnitMesh::DISC_UP: return makeDisc(1);
-    case UnitMesh::DISC_DOWN: return makeDisc(-1);
+    case UnitMesh::CUBE:
+      return makeCube();
+    case UnitMesh::SPHERE:
+      return makeSphere();
+    case UnitMesh::CONE_SIDES:
+      return makeConeSides();
+    case UnitMesh::CYLINDER_SIDES:
+      return makeCylinderSides();
+    case UnitMesh::DISC_UP:
+      return makeDisc(1);
+    case UnitMesh::DISC_DOWN:
+      return makeDisc(-1);
   }
   return {};
 }
@@ -145,7 +150,7 @@ std::array<Ref<Mesh>, kUnitMeshCount>& unitMeshes() {
   return s_meshes;
 }
 
-}  // namespace
+} // namespace
 
 const Ref<Mesh>& getUnitMesh(UnitMesh kind) {
   Ref<Mesh>& mesh = unitMeshes()[static_cast<std::size_t>(kind)];
@@ -157,4 +162,4 @@ void clearUnitMeshes() { unitMeshes().fill(Ref<Mesh>()); }
 
 float usableSize(float size) { return std::isfinite(size) ? std::fabs(size) : 0.0F; }
 
-}  // namespace arbora
+} // namespace arbora

@@ -17,4 +17,4 @@ ARBORA_API void clearUnitMeshes();
 /// A size as the shapes take it: its absolute value, and 0 for one that isn't finite.
 float usableSize(float size);
 
-}  // namespace arbora
+} // namespace arbora

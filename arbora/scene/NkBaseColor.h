@@ -7,7 +7,7 @@ class ARBORA_API NkBaseColor : public NkNode {
   NK_NODE_HEADER(NkBaseColor);
 
 public:
-  NkMFColor rgb;  // (0.8, 0.8, 0.8).
+  NkMFColor rgb; // (0.8, 0.8, 0.8).
 
   NkBaseColor();
   void doAction(NkAction* action) override;

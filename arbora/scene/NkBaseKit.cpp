@@ -22,7 +22,7 @@ namespace {
 
 bool s_searchingChildren = true;
 
-}  // namespace
+} // namespace
 
 const arbora::KitClass& NkBaseKit::kitClass() {
   static const arbora::KitClass s{nodekitCatalog, parentNodekitCatalogPtr};
@@ -56,15 +56,14 @@ int NkBaseKit::getIsBuiltIn() const { return isBuiltIn; }
 void NkBaseKit::addCatalogRow(const arbora::KitClass& kit, const NkSFNode& holder, const arbora::CatalogRow& row) {
   auto* catalog = const_cast<NkNodekitCatalog*>(kit.catalog);
   const bool isList = !row.listContainerType.isBad();
-  if (!catalog || !catalog->addEntry(row.name, row.type, row.defaultType, row.nullByDefault, row.parentName,
-                                     row.rightSiblingName, isList, row.listContainerType, row.listItemType,
-                                     row.isPublic)) {
+  if (!catalog ||
+      !catalog->addEntry(row.name, row.type, row.defaultType, row.nullByDefault, row.parentName, row.rightSiblingName,
+                         isList, row.listContainerType, row.listItemType, row.isPublic)) {
     catalogError();
     return;
   }
   // A holder is a member of its kit, so one offset finds it in every instance of the class.
-  catalog->m_entries.back().holderOffset =
-      reinterpret_cast<const char*>(&holder) - reinterpret_cast<const char*>(this);
+  catalog->m_entries.back().holderOffset = reinterpret_cast<const char*>(&holder) - reinterpret_cast<const char*>(this);
 }
 
 void NkBaseKit::catalogError() {
@@ -72,17 +71,14 @@ void NkBaseKit::catalogError() {
 }
 
 void NkBaseKit::createNodekitPartsList() {
-  if (!m_placed.empty())
-    m_placed.resize(static_cast<std::size_t>(getNodekitCatalog()->getNumEntries()));
+  if (!m_placed.empty()) m_placed.resize(static_cast<std::size_t>(getNodekitCatalog()->getNumEntries()));
 }
 
 void NkBaseKit::createDefaultParts() {
   const NkNodekitCatalog* catalog = getNodekitCatalog();
-  if (!catalog->m_hasDefaultParts)
-    return;
+  if (!catalog->m_hasDefaultParts) return;
   for (int part = 0; part < catalog->getNumEntries(); ++part) {
-    if (!catalog->isNullByDefault(part) && !nodeAt(part))
-      makePart(part);
+    if (!catalog->isNullByDefault(part) && !nodeAt(part)) makePart(part);
   }
 }
 
@@ -99,14 +95,12 @@ NkBaseKit::PartRef NkBaseKit::findPart(const NbName& name, const char* operation
   const NkNodekitCatalog* catalog = getNodekitCatalog();
   PartRef ref;
   ref.part = catalog->getPartNumber(name);
-  if (ref.part >= 0)
-    return ref;
+  if (ref.part >= 0) return ref;
 
   const std::string_view text = name.getView();
   const std::size_t dot = text.find('.');
   std::string_view first = text.substr(0, dot);
-  if (dot != std::string_view::npos)
-    ref.rest = NbName(text.substr(dot + 1));
+  if (dot != std::string_view::npos) ref.rest = NbName(text.substr(dot + 1));
   const std::size_t bracket = first.find('[');
   bool good = dot == std::string_view::npos || !!ref.rest;
   if (bracket != std::string_view::npos) {
@@ -115,29 +109,23 @@ NkBaseKit::PartRef NkBaseKit::findPart(const NbName& name, const char* operation
     good = good && error == std::errc() && stop == end && *end == ']' && ref.item >= 0;
     first = first.substr(0, bracket);
   }
-  if (good)
-    ref.part = catalog->getPartNumber(NbName(first));
-  if (ref.part >= 0 && ref.item >= 0 && !catalog->isList(ref.part))
-    ref.part = -1;
+  if (good) ref.part = catalog->getPartNumber(NbName(first));
+  if (ref.part >= 0 && ref.item >= 0 && !catalog->isList(ref.part)) ref.part = -1;
   if (ref.part < 0)
     NkDebugError::post(operation, "\"%s\" is no part of a %s", name.getString(), getTypeId().getName().getString());
   return ref;
 }
 
 NbName NkBaseKit::getPartString(const NkBase* part) const {
-  if (!part || !part->isOfType(NkNode::getClassTypeId()))
-    return NbName();
+  if (!part || !part->isOfType(NkNode::getClassTypeId())) return NbName();
   const auto* node = static_cast<const NkNode*>(part);
   const NkNodekitCatalog* catalog = getNodekitCatalog();
   const int own = partOfNode(node);
-  if (own >= 0)
-    return catalog->getName(own);
+  if (own >= 0) return catalog->getName(own);
   for (int i = 0; i < catalog->getNumEntries(); ++i) {
-    if (!catalog->isList(i) || !nodeAt(i))
-      continue;
+    if (!catalog->isList(i) || !nodeAt(i)) continue;
     const int item = static_cast<const NkNodeKitListPart*>(nodeAt(i))->findItem(node);
-    if (item >= 0)
-      return NbName(std::string(catalog->getName(i).getString()) + "[" + std::to_string(item) + "]");
+    if (item >= 0) return NbName(std::string(catalog->getName(i).getString()) + "[" + std::to_string(item) + "]");
   }
   return NbName();
 }
@@ -158,8 +146,7 @@ NkSFNode* NkBaseKit::getPartHolder(const NbName& partName) const {
 int NkBaseKit::partOfHolder(const NkField* field) const {
   const int count = getNodekitCatalog()->getNumEntries();
   for (int i = 0; i < count; ++i) {
-    if (holderAt(i) == field)
-      return i;
+    if (holderAt(i) == field) return i;
   }
   return -1;
 }
@@ -167,8 +154,7 @@ int NkBaseKit::partOfHolder(const NkField* field) const {
 int NkBaseKit::partOfNode(const NkNode* node) const {
   const int count = node ? getNodekitCatalog()->getNumEntries() : 0;
   for (int i = 0; i < count; ++i) {
-    if (nodeAt(i) == node)
-      return i;
+    if (nodeAt(i) == node) return i;
   }
   return -1;
 }
@@ -176,14 +162,7 @@ int NkBaseKit::partOfNode(const NkNode* node) const {
 // Getting and setting parts
 
 NkNode* NkBaseKit::getPart(const NbName& partName, bool makeIfNeeded) {
-  NkNode* node = getAnyPart(partName, makeIfNeeded, false, true);
-  // Who has it may change it: it's no longer just the class's default.
-  const int part = node ? getNodekitCatalog()->getPartNumber(partName) : -1;
-  if (part >= 0 && placed(part).origin == Placed::MADE) {
-    placed(part).origin = Placed::HANDED_OUT;
-    holderAt(part)->setDefault(false);
-  }
-  return node;
+  return getAnyPart(partName, makeIfNeeded, false, true);
 }
 
 bool NkBaseKit::setPart(const NbName& partName, NkNode* node) { return setAnyPart(partName, node, false); }
@@ -191,8 +170,7 @@ bool NkBaseKit::setPart(const NbName& partName, NkNode* node) { return setAnyPar
 NkNode* NkBaseKit::getAnyPart(const NbName& partName, bool makeIfNeeded, bool leafCheck, bool publicCheck) {
   const char* const operation = "NkBaseKit::getPart";
   const PartRef ref = findPart(partName, operation);
-  if (ref.part < 0)
-    return nullptr;
+  if (ref.part < 0) return nullptr;
   const NkNodekitCatalog* catalog = getNodekitCatalog();
   if (publicCheck && !catalog->isPublic(ref.part)) {
     NkDebugError::post(operation, "Part \"%s\" of %s isn't public", partName.getString(),
@@ -205,15 +183,13 @@ NkNode* NkBaseKit::getAnyPart(const NbName& partName, bool makeIfNeeded, bool le
     return nullptr;
   }
   NkNode* node = nodeAt(ref.part);
-  if (!node && makeIfNeeded)
-    node = makePart(ref.part);
-  if (node && ref.item >= 0)
-    node = static_cast<NkNodeKitListPart*>(node)->getItem(ref.item, makeIfNeeded);
-  if (!node || !ref.rest)
-    return node;
+  if (!node && makeIfNeeded) node = makePart(ref.part);
+  if (publicCheck) handOut(ref.part);
+  if (node && ref.item >= 0) node = static_cast<NkNodeKitListPart*>(node)->getItem(ref.item, makeIfNeeded);
+  if (!node || !ref.rest) return node;
   if (!node->isOfType(NkBaseKit::getClassTypeId())) {
-    NkDebugError::post(operation, "\"%s\": what stands ahead of the dot is a %s and has no parts",
-                       partName.getString(), node->getTypeId().getName().getString());
+    NkDebugError::post(operation, "\"%s\": what stands ahead of the dot is a %s and has no parts", partName.getString(),
+                       node->getTypeId().getName().getString());
     return nullptr;
   }
   return static_cast<NkBaseKit*>(node)->getAnyPart(ref.rest, makeIfNeeded, leafCheck, publicCheck);
@@ -224,58 +200,56 @@ bool NkBaseKit::setAnyPart(const NbName& partName, NkNode* node, bool anyPart) {
   const arbora::KeepAlive alive(this);
   const arbora::Ref<NkNode> keep(node);
   const PartRef ref = findPart(partName, operation);
-  if (ref.part < 0)
-    return false;
+  if (ref.part < 0) return false;
   if (!anyPart && !getNodekitCatalog()->isPublic(ref.part)) {
     NkDebugError::post(operation, "Part \"%s\" of %s isn't public", partName.getString(),
                        getTypeId().getName().getString());
     return false;
   }
   if (ref.item < 0 && !ref.rest) {
-    if (!checkPartType(ref.part, node, operation))
-      return false;
+    if (!checkPartType(ref.part, node, operation)) return false;
     putPart(ref.part, node);
     return true;
   }
 
   // Taking out what isn't there makes nothing.
   NkNode* outer = nodeAt(ref.part);
-  if (!outer && !node)
-    return true;
-  if (!outer)
-    outer = makePart(ref.part);
+  if (!outer && !node) return true;
+  if (!outer) outer = makePart(ref.part);
+  if (!anyPart) handOut(ref.part);
   if (ref.item >= 0) {
     auto* list = static_cast<NkNodeKitListPart*>(outer);
-    if (!ref.rest)
-      return list->setItem(ref.item, node);
+    if (!ref.rest) return list->setItem(ref.item, node);
     outer = list->getItem(ref.item, node != nullptr);
-    if (!outer)
-      return node == nullptr;
+    if (!outer) return node == nullptr;
   }
   if (!outer->isOfType(NkBaseKit::getClassTypeId())) {
-    NkDebugError::post(operation, "\"%s\": what stands ahead of the dot is a %s and has no parts",
-                       partName.getString(), outer->getTypeId().getName().getString());
+    NkDebugError::post(operation, "\"%s\": what stands ahead of the dot is a %s and has no parts", partName.getString(),
+                       outer->getTypeId().getName().getString());
     return false;
   }
   return static_cast<NkBaseKit*>(outer)->setAnyPart(ref.rest, node, anyPart);
 }
 
+void NkBaseKit::handOut(int part) {
+  // Who has it may change it: it's no longer just what the class makes.
+  if (!nodeAt(part) || placed(part).origin != Placed::MADE) return;
+  placed(part).origin = Placed::HANDED_OUT;
+  holderAt(part)->setDefault(false);
+}
+
 bool NkBaseKit::fitsPart(int part, const NkNode* node) const {
   const NkNodekitCatalog* catalog = getNodekitCatalog();
-  if (!node)
-    return true;
-  if (!node->isOfType(catalog->getType(part)) || node == this)
-    return false;
-  if (!catalog->isList(part))
-    return true;
+  if (!node) return true;
+  if (!node->isOfType(catalog->getType(part)) || node == this) return false;
+  if (!catalog->isList(part)) return true;
   const auto* list = static_cast<const NkNodeKitListPart*>(node);
   return list->getContainerType() == catalog->getListContainerType(part) &&
          list->holdsOnly(catalog->getListItemType(part));
 }
 
 bool NkBaseKit::checkPartType(int part, const NkNode* node, const char* operation) const {
-  if (fitsPart(part, node))
-    return true;
+  if (fitsPart(part, node)) return true;
   const NkNodekitCatalog* catalog = getNodekitCatalog();
   NkDebugError::post(operation, "A %s can't be part \"%s\" of %s, which takes a %s%s%s",
                      node->getTypeId().getName().getString(), catalog->getName(part).getString(),
@@ -286,10 +260,10 @@ bool NkBaseKit::checkPartType(int part, const NkNode* node, const char* operatio
 }
 
 NkNode* NkBaseKit::makePart(int part) {
+  const arbora::KeepAlive alive(this);
   const NkNodekitCatalog* catalog = getNodekitCatalog();
   const arbora::Ref<NkNode> node(static_cast<NkNode*>(catalog->getDefaultType(part).createInstance()));
-  if (!node)
-    return nullptr;
+  if (!node) return nullptr;
   if (catalog->isList(part)) {
     auto* list = static_cast<NkNodeKitListPart*>(node.get());
     list->setContainerType(catalog->getListContainerType(part));
@@ -316,18 +290,15 @@ void NkBaseKit::putPart(int part, NkNode* node) {
 // The tree of parts
 
 NkBaseKit::Placed& NkBaseKit::placed(int part) {
-  if (m_placed.empty())
-    m_placed.resize(static_cast<std::size_t>(getNodekitCatalog()->getNumEntries()));
+  if (m_placed.empty()) m_placed.resize(static_cast<std::size_t>(getNodekitCatalog()->getNumEntries()));
   return m_placed[static_cast<std::size_t>(part)];
 }
 
 NkChildList* NkBaseKit::siblingsOf(int part, bool makeIfNeeded) {
   const int parent = getNodekitCatalog()->getParentPartNumber(part);
-  if (parent < 0)
-    return &m_children;
+  if (parent < 0) return &m_children;
   NkNode* node = nodeAt(parent);
-  if (!node && makeIfNeeded)
-    node = makePart(parent);
+  if (!node && makeIfNeeded) node = makePart(parent);
   return node ? node->getChildren() : nullptr;
 }
 
@@ -353,8 +324,7 @@ void NkBaseKit::placePart(int part, NkNode* node) {
     const int newIndex = node ? siblings->find(node) : -1;
     if (newIndex >= 0) {
       // It has come with its parent, from a file for instance, and stays where it is.
-      if (oldIndex >= 0 && oldIndex != newIndex)
-        siblings->remove(oldIndex);
+      if (oldIndex >= 0 && oldIndex != newIndex) siblings->remove(oldIndex);
     } else if (oldIndex >= 0 && node) {
       siblings->set(oldIndex, node);
     } else if (oldIndex >= 0) {
@@ -363,8 +333,7 @@ void NkBaseKit::placePart(int part, NkNode* node) {
       insertInOrder(part, node, *siblings);
     }
   }
-  if (previous.get() != node && !getNodekitCatalog()->isLeaf(part))
-    placePartsBelow(part, previous.get(), node);
+  if (previous.get() != node && !getNodekitCatalog()->isLeaf(part)) placePartsBelow(part, previous.get(), node);
 }
 
 void NkBaseKit::placePartsBelow(int part, NkNode* previous, NkNode* node) {
@@ -372,18 +341,15 @@ void NkBaseKit::placePartsBelow(int part, NkNode* previous, NkNode* node) {
   const NkNodekitCatalog* catalog = getNodekitCatalog();
   for (int below = 0; below < catalog->getNumEntries(); ++below) {
     const arbora::Ref<NkNode> child(nodeAt(below));
-    if (catalog->getParentPartNumber(below) != part || !child)
-      continue;
+    if (catalog->getParentPartNumber(below) != part || !child) continue;
     if (!node) {
       putPart(below, nullptr);
       continue;
     }
     NkChildList* before = previous ? previous->getChildren() : nullptr;
     const int index = before ? before->find(child.get()) : -1;
-    if (index >= 0)
-      before->remove(index);
-    if (node->getChildren()->find(child.get()) < 0)
-      insertInOrder(below, child.get(), *node->getChildren());
+    if (index >= 0) before->remove(index);
+    if (node->getChildren()->find(child.get()) < 0) insertInOrder(below, child.get(), *node->getChildren());
   }
 }
 
@@ -391,12 +357,10 @@ void NkBaseKit::fieldHasChanged(NkField* field) {
   NkNode::fieldHasChanged(field);
   // A holder that was written from outside, by a reader for instance: the tree follows. A copy under construction gets
   // its tree at its end.
-  if (field == m_holder || field->getTypeId() != NkSFNode::getClassTypeId() || isCopying())
-    return;
+  if (field == m_holder || field->getTypeId() != NkSFNode::getClassTypeId() || isCopying()) return;
   auto* holder = static_cast<NkSFNode*>(field);
   const int part = holder->isPartHolder() ? partOfHolder(field) : -1;
-  if (part < 0 || placed(part).node.get() == holder->getValue())
-    return;
+  if (part < 0 || placed(part).node.get() == holder->getValue()) return;
   const arbora::KeepAlive alive(this);
   if (checkPartType(part, holder->getValue(), "NkBaseKit::setPart"))
     placePart(part, holder->getValue());
@@ -416,8 +380,7 @@ void NkBaseKit::copyContents(const NkNode* original) {
   m_children.truncate(0);
   m_placed.clear();
   for (int i = 0; i < children.getLength(); ++i) {
-    if (NkNode* child = copyOf(children[i]))
-      m_children.append(child);
+    if (NkNode* child = copyOf(children[i])) m_children.append(child);
   }
   // The holders have the copies of the parts already, which stand in the copied tree.
   const int count = getNodekitCatalog()->getNumEntries();
@@ -450,8 +413,7 @@ void NkBaseKit::replaceChild(int index, NkNode* child) { internalReplaceChild(in
 void NkBaseKit::replaceChild(NkNode* oldChild, NkNode* newChild) { internalReplaceChild(oldChild, newChild); }
 
 bool NkBaseKit::checkIndex(const char* operation, int index, int last) const {
-  if (index >= 0 && index <= last)
-    return true;
+  if (index >= 0 && index <= last) return true;
   NkDebugError::post(operation, "Index %d is out of range %d - %d", index, 0, last);
   return false;
 }
@@ -477,8 +439,7 @@ NkNode* NkBaseKit::internalGetChild(int index) const {
 int NkBaseKit::internalFindChild(const NkNode* child) const { return m_children.find(child); }
 
 void NkBaseKit::internalRemoveChild(int index) {
-  if (!checkIndex("NkBaseKit::removeChild", index, getNumChildren() - 1))
-    return;
+  if (!checkIndex("NkBaseKit::removeChild", index, getNumChildren() - 1)) return;
   const int part = partOfNode(m_children[index]);
   if (part >= 0)
     putPart(part, nullptr);
@@ -490,8 +451,7 @@ void NkBaseKit::internalRemoveChild(NkNode* child) { internalRemoveChild(m_child
 
 void NkBaseKit::internalRemoveAllChildren() {
   for (int i = getNumChildren() - 1; i >= 0; --i) {
-    if (i < getNumChildren())
-      internalRemoveChild(i);
+    if (i < getNumChildren()) internalRemoveChild(i);
   }
 }
 
@@ -516,8 +476,7 @@ void NkBaseKit::internalReplaceChild(NkNode* oldChild, NkNode* newChild) {
 
 bool NkBaseKit::affectsState() const {
   for (int i = 0; i < m_children.getLength(); ++i) {
-    if (m_children[i]->affectsState())
-      return true;
+    if (m_children[i]->affectsState()) return true;
   }
   return false;
 }
@@ -527,24 +486,20 @@ void NkBaseKit::doAction(NkAction* action) { m_children.traverse(action); }
 void NkBaseKit::rayPick(NkRayPickAction* action) {
   doAction(action);
   const int depth = action->getCurPathLength();
-  for (int i = 0; i < action->getPickedPointsListLength(); ++i)
-    attachDetail(*action->getUnsortedPickedPoint(i), depth);
+  for (int i = 0; i < action->getPickedPointsListLength(); ++i) attachDetail(*action->getUnsortedPickedPoint(i), depth);
 }
 
 void NkBaseKit::attachDetail(NkPickedPoint& point, int depth) {
   NkFullPath* path = point.getPath()->full();
-  if (path->getNode(depth - 1) != this)
-    return;
+  if (path->getNode(depth - 1) != this) return;
   // Kits further out come later, so that the public end is at the outermost one.
   path->setNumPublic(depth);
-  if (point.getDetail(this))
-    return;
+  if (point.getDetail(this)) return;
   auto detail = std::make_unique<NkNodeKitDetail>();
   detail->setNodeKit(this);
   for (int i = path->getLength() - 1; i >= depth; --i) {
     const NbName name = getPartString(path->getNode(i));
-    if (!name || !getNodekitCatalog()->isPublic(findPart(name, "NkBaseKit::rayPick").part))
-      continue;
+    if (!name || !getNodekitCatalog()->isPublic(findPart(name, "NkBaseKit::rayPick").part)) continue;
     detail->setPart(path->getNode(i));
     detail->setPartName(name);
     break;
@@ -558,18 +513,15 @@ void NkBaseKit::setSearchingChildren(bool flag) { s_searchingChildren = flag; }
 
 void NkBaseKit::search(NkSearchAction* action) {
   NkNode::search(action);
-  if (action->isFound() || !isSearchingChildren())
-    return;
+  if (action->isFound() || !isSearchingChildren()) return;
   const int pathsBefore = action->getPaths().getLength();
   doAction(action);
   const int depth = action->getCurPathLength();
   const auto endAtThis = [&](NkPath* path) {
-    if (path && path->full()->getLength() > depth && path->getNode(depth - 1) == this)
-      path->setNumPublic(depth);
+    if (path && path->full()->getLength() > depth && path->getNode(depth - 1) == this) path->setNumPublic(depth);
   };
   if (action->getInterest() == NkSearchAction::ALL) {
-    for (int i = pathsBefore; i < action->getPaths().getLength(); ++i)
-      endAtThis(action->getPaths()[i]);
+    for (int i = pathsBefore; i < action->getPaths().getLength(); ++i) endAtThis(action->getPaths()[i]);
   } else {
     endAtThis(action->getPath());
   }
@@ -578,43 +530,36 @@ void NkBaseKit::search(NkSearchAction* action) {
 // Writing
 
 bool NkBaseKit::isAsMade(NkNode* node) const {
-  if (!!node->getName())
-    return false;
+  if (!!node->getName()) return false;
+  if (node->isOfType(NkNodeKitListPart::getClassTypeId()))
+    return static_cast<NkNodeKitListPart*>(node)->getNumItems() == 0;
   const bool isKit = node->isOfType(NkBaseKit::getClassTypeId());
-  if (isKit)
-    static_cast<NkBaseKit*>(node)->setDefaultOnNonWritingFields();
-  if (!node->hasDefaultValues())
-    return false;
+  if (isKit) static_cast<NkBaseKit*>(node)->setDefaultOnNonWritingFields();
+  if (!node->hasDefaultValues()) return false;
   const NkBaseKit* owner = isKit ? static_cast<NkBaseKit*>(node) : this;
   const NkChildList* children = node->getChildren();
   for (int i = 0; children && i < children->getLength(); ++i) {
-    if (owner->partOfNode((*children)[i]) < 0)
-      return false;
+    if (owner->partOfNode((*children)[i]) < 0) return false;
   }
   return true;
 }
 
 void NkBaseKit::setDefaultOnNonWritingFields() {
-  if (m_placed.empty())
-    return;
+  if (m_placed.empty()) return;
   const NkNodekitCatalog* catalog = getNodekitCatalog();
   for (int part = 0; part < catalog->getNumEntries(); ++part) {
     NkSFNode* holder = holderAt(part);
-    if (!holder->getValue())
-      continue;
-    if (placed(part).origin == Placed::HANDED_OUT)
-      holder->setDefault(isAsMade(holder->getValue()));
-    // A parent is written with its children. A part among them is then told by its name too, else a reader would take it
-    // for a node that just stands there.
+    if (!holder->getValue()) continue;
+    if (placed(part).origin == Placed::HANDED_OUT) holder->setDefault(isAsMade(holder->getValue()));
+    // A parent is written with its children. A part among them is then told by its name too, else a reader would take
+    // it for a node that just stands there.
     const int parent = catalog->getParentPartNumber(part);
-    if (parent >= 0 && !holderAt(parent)->isDefault())
-      holder->setDefault(false);
+    if (parent >= 0 && !holderAt(parent)->isDefault()) holder->setDefault(false);
   }
 }
 
 void NkBaseKit::addWriteReference(NkOutput* out, bool fromField) {
-  if (!fromField && shouldWrite() == 0)
-    setDefaultOnNonWritingFields();
+  if (!fromField && shouldWrite() == 0) setDefaultOnNonWritingFields();
   NkNode::addWriteReference(out, fromField);
 }
 

@@ -28,11 +28,11 @@ public:
   /// 1 for classes that are compiled in, which all are.
   virtual int getIsBuiltIn() const;
 
-  /// The node of a public part. With `makeIfNeeded` a part that isn't there is made, otherwise it's NULL. A name that is
-  /// no public part's is posted and gives NULL.
+  /// The node of a public part. With `makeIfNeeded` a part that isn't there is made, otherwise it's NULL. A name that
+  /// is no public part's is posted and gives NULL.
   NkNode* getPart(const NbName& partName, bool makeIfNeeded);
-  /// Puts a node in the place of a public part; NULL takes the part out, with the parts below it. False, with a message,
-  /// if the name is no public part's or the node isn't of the part's type.
+  /// Puts a node in the place of a public part; NULL takes the part out, with the parts below it. False, with a
+  /// message, if the name is no public part's or the node isn't of the part's type.
   bool setPart(const NbName& partName, NkNode* node);
   /// The name of the part, or of the list item, that a node is in this kit; the empty name if it is none. Parts of kits
   /// inside aren't looked at.
@@ -131,6 +131,7 @@ private:
   bool fitsPart(int part, const NkNode* node) const;
   bool checkPartType(int part, const NkNode* node, const char* operation) const;
   NkNode* makePart(int part);
+  void handOut(int part);
   void putPart(int part, NkNode* node);
   void placePart(int part, NkNode* node);
   void placePartsBelow(int part, NkNode* previous, NkNode* node);
@@ -145,6 +146,6 @@ private:
   static int isBuiltIn;
 
   mutable NkChildList m_children;
-  std::vector<Placed> m_placed;        // By part number; empty until the first part is there.
-  const NkField* m_holder = nullptr;  // The holder that the kit itself is writing.
+  std::vector<Placed> m_placed;      // By part number; empty until the first part is there.
+  const NkField* m_holder = nullptr; // The holder that the kit itself is writing.
 };

@@ -43,7 +43,7 @@ void NkCamera::viewAll(NkNode* root, const NbViewportRegion& viewport, float sla
     box.transform(place.getInverse());
   }
 
-  constexpr float kNearestShare = 0.001F;  // Of the far distance: what depth buffers can tell apart.
+  constexpr float kNearestShare = 0.001F; // Of the far distance: what depth buffers can tell apart.
   const NbVec3f size = box.getSize();
   const float radius = size.length() > 0 ? size.length() / 2 : 1.0F;
   const float distance = frameSphere(radius);
@@ -66,14 +66,24 @@ void NkCamera::pointAt(const NbVec3f& target, const NbVec3f& up) {
                                     back[2], 0, 0, 0, 0, 1));
 }
 
-float NkCamera::usedAspect(float aspect) const {
-  if (aspect > 0 && std::isfinite(aspect)) return aspect;
-  return aspectRatio.getValue() > 0 && std::isfinite(aspectRatio.getValue()) ? aspectRatio.getValue() : 1.0F;
+namespace {
+
+// What is greater would overflow in the products of a projection.
+constexpr float kGreatestLength = 1e12F;
+constexpr float kGreatestAspect = 1e4F;
+
+bool isUsableAspect(float aspect) { return aspect >= 1 / kGreatestAspect && aspect <= kGreatestAspect; }
+
+} // namespace
+
+float NkCamera::usableLength(float length) {
+  return std::isnan(length) ? 0.0F : std::clamp(length, -kGreatestLength, kGreatestLength);
 }
 
-float NkCamera::usedNear() const { return std::isfinite(nearDistance.getValue()) ? nearDistance.getValue() : 0.0F; }
-
-float NkCamera::usedFar() const { return std::isfinite(farDistance.getValue()) ? farDistance.getValue() : 0.0F; }
+float NkCamera::usedAspect(float aspect) const {
+  if (isUsableAspect(aspect)) return aspect;
+  return isUsableAspect(aspectRatio.getValue()) ? aspectRatio.getValue() : 1.0F;
+}
 
 NbViewVolume NkCamera::getViewVolume(float aspect) const {
   NbViewVolume volume = getUnplacedViewVolume(usedAspect(aspect), 1);
@@ -90,7 +100,8 @@ NbViewVolume NkCamera::getViewVolumeUnder(const NbMatrix& model, float aspect) c
   NbRotation scaleOrientation;
   model.getTransform(translation, rotation, scale, scaleOrientation);
   const float meanScale = std::cbrt(std::fabs(model.det3()));
-  NbViewVolume volume = getUnplacedViewVolume(usedAspect(aspect), meanScale > 0 && std::isfinite(meanScale) ? meanScale : 1.0F);
+  NbViewVolume volume =
+      getUnplacedViewVolume(usedAspect(aspect), meanScale > 0 && std::isfinite(meanScale) ? meanScale : 1.0F);
   volume.rotateCamera(orientation.getValue() * rotation);
   NbVec3f place;
   model.multVecMatrix(position.getValue(), place);
@@ -99,6 +110,7 @@ NbViewVolume NkCamera::getViewVolumeUnder(const NbMatrix& model, float aspect) c
 }
 
 void NkCamera::doAction(NkAction* action) {
+  action->getState()->markUsed(NkState::CAMERA);
   action->setViewVolume(
       getViewVolumeUnder(action->getState()->model, action->getViewportRegion().getViewportAspectRatio()));
 }

@@ -8,8 +8,8 @@ class ARBORA_API NkClipPlane : public NkNode {
   NK_NODE_HEADER(NkClipPlane);
 
 public:
-  NkSFPlane plane;  // x = 0; what has a positive x is kept.
-  NkSFBool on;      // TRUE.
+  NkSFPlane plane; // x = 0; what has a positive x is kept.
+  NkSFBool on;     // TRUE.
 
   NkClipPlane();
   void doAction(NkAction* action) override;

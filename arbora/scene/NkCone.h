@@ -2,17 +2,17 @@
 
 #include "arbora/scene/NkShape.h"
 
-/// A cone around the y axis, its tip up, its height half above and half below the origin. Sizes are absolute values; one
-/// that isn't finite counts as 0.
+/// A cone around the y axis, its tip up, its height half above and half below the origin. Sizes are absolute values;
+/// one that isn't finite counts as 0.
 class ARBORA_API NkCone : public NkShape {
   NK_NODE_HEADER(NkCone);
 
 public:
   enum Part { SIDES = 1, BOTTOM = 2, ALL = 3 };
 
-  NkSFFloat bottomRadius;  // 1.
-  NkSFFloat height;        // 2.
-  NkSFBitMask parts;       // ALL.
+  NkSFFloat bottomRadius; // 1.
+  NkSFFloat height;       // 2.
+  NkSFBitMask parts;      // ALL.
 
   NkCone();
 
@@ -23,5 +23,5 @@ protected:
   ~NkCone() override;
 
 private:
-  std::vector<arbora::PlacedMesh> m_meshes;  // Empty: to be made.
+  std::vector<arbora::PlacedMesh> m_meshes; // Empty: to be made.
 };

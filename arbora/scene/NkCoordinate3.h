@@ -7,7 +7,7 @@ class ARBORA_API NkCoordinate3 : public NkNode {
   NK_NODE_HEADER(NkCoordinate3);
 
 public:
-  NkMFVec3f point;  // (0, 0, 0).
+  NkMFVec3f point; // (0, 0, 0).
 
   NkCoordinate3();
   void doAction(NkAction* action) override;

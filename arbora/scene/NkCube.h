@@ -7,9 +7,9 @@ class ARBORA_API NkCube : public NkShape {
   NK_NODE_HEADER(NkCube);
 
 public:
-  NkSFFloat width;   // Along x; 2.
-  NkSFFloat height;  // Along y; 2.
-  NkSFFloat depth;   // Along z; 2.
+  NkSFFloat width;  // Along x; 2.
+  NkSFFloat height; // Along y; 2.
+  NkSFFloat depth;  // Along z; 2.
 
   NkCube();
 
@@ -20,5 +20,5 @@ protected:
   ~NkCube() override;
 
 private:
-  std::vector<arbora::PlacedMesh> m_meshes;  // Empty: to be made.
+  std::vector<arbora::PlacedMesh> m_meshes; // Empty: to be made.
 };

@@ -10,9 +10,9 @@ class ARBORA_API NkCylinder : public NkShape {
 public:
   enum Part { SIDES = 1, TOP = 2, BOTTOM = 4, ALL = 7 };
 
-  NkSFFloat radius;   // 1.
-  NkSFFloat height;   // 2.
-  NkSFBitMask parts;  // ALL.
+  NkSFFloat radius;  // 1.
+  NkSFFloat height;  // 2.
+  NkSFBitMask parts; // ALL.
 
   NkCylinder();
 
@@ -23,5 +23,5 @@ protected:
   ~NkCylinder() override;
 
 private:
-  std::vector<arbora::PlacedMesh> m_meshes;  // Empty: to be made.
+  std::vector<arbora::PlacedMesh> m_meshes; // Empty: to be made.
 };

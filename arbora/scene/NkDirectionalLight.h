@@ -7,7 +7,7 @@ class ARBORA_API NkDirectionalLight : public NkLight {
   NK_NODE_HEADER(NkDirectionalLight);
 
 public:
-  NkSFVec3f direction;  // (0, 0, -1): the way the light travels.
+  NkSFVec3f direction; // (0, 0, -1): the way the light travels.
 
   NkDirectionalLight();
 

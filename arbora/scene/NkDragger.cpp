@@ -19,7 +19,7 @@ struct DraggerCallback {
   friend bool operator==(const DraggerCallback&, const DraggerCallback&) = default;
 };
 
-}  // namespace
+} // namespace
 
 struct NkDragger::Callbacks {
   arbora::CallbackList<DraggerCallback> start;
@@ -28,8 +28,8 @@ struct NkDragger::Callbacks {
 };
 
 struct NkDragger::Drag {
-  NkHandleEventAction* action = nullptr;  // Tells the dragger when it goes.
-  const NkEvent* event = nullptr;         // Set while an event is handled.
+  NkHandleEventAction* action = nullptr; // Tells the dragger when it goes.
+  const NkEvent* event = nullptr;        // Set while an event is handled.
   // The way to the dragger, and the way to what was picked. They would keep the dragger alive from inside if they
   // counted. Both go through the dragger, but for a pick of a surrogate, which its owner keeps.
   arbora::WeakPath ownPath;
@@ -37,7 +37,7 @@ struct NkDragger::Drag {
   arbora::WeakPath pickPath;
   int pickIndex = 0;
   arbora::Ref<NkNode> surrogate;
-  arbora::Ref<NkFullPath> shownPickPath;  // What `getPickPath` gives, until the event is done.
+  arbora::Ref<NkFullPath> shownPickPath; // What `getPickPath` gives, until the event is done.
   NbVec3f localStart;
   NbVec3f worldStart;
   NbVec2f startLocater;
@@ -58,8 +58,7 @@ NkDragger::~NkDragger() = default;
 // Callbacks
 
 NkDragger::Callbacks& NkDragger::callbacks() {
-  if (!m_callbacks)
-    m_callbacks = std::make_unique<Callbacks>();
+  if (!m_callbacks) m_callbacks = std::make_unique<Callbacks>();
   return *m_callbacks;
 }
 
@@ -75,12 +74,12 @@ void NkDragger::addFinishCallback(NkDraggerCB* function, void* data) { callbacks
 
 void NkDragger::removeFinishCallback(NkDraggerCB* function, void* data) { callbacks().finish.remove({function, data}); }
 
-template <class List> void NkDragger::invoke(List& list) {
+template <class List>
+void NkDragger::invoke(List& list) {
   // A callback may end the drag, and even another one may have begun inside it.
   const Drag* const drag = m_drag.get();
   list.forEach([&](const DraggerCallback& callback) {
-    if (drag && m_drag.get() == drag && callback.function)
-      callback.function(callback.data, this);
+    if (drag && m_drag.get() == drag && callback.function) callback.function(callback.data, this);
   });
 }
 
@@ -92,11 +91,10 @@ namespace {
 const NbViewVolume s_noView;
 const NbViewportRegion s_noViewport;
 
-}  // namespace
+} // namespace
 
 const NkPath* NkDragger::getPickPath() const {
-  if (!m_drag)
-    return nullptr;
+  if (!m_drag) return nullptr;
   if (!m_drag->shownPickPath) {
     NkNode* live = m_drag->surrogate ? m_drag->surrogate.get() : const_cast<NkDragger*>(this);
     m_drag->shownPickPath = m_drag->pickPath.lock(live, m_drag->pickIndex);
@@ -109,11 +107,9 @@ const NkEvent* NkDragger::getEvent() const { return m_drag ? m_drag->event : nul
 NkHandleEventAction* NkDragger::getHandleEventAction() const { return m_drag ? m_drag->action : nullptr; }
 
 NbMatrix NkDragger::getLocalToWorldMatrix() const {
-  if (!m_drag)
-    return NbMatrix();
+  if (!m_drag) return NbMatrix();
   const arbora::Ref<NkFullPath> path = m_drag->ownPath.lock(const_cast<NkDragger*>(this), m_drag->ownIndex);
-  if (!path)
-    return NbMatrix();
+  if (!path) return NbMatrix();
   NkGetMatrixAction action(m_drag->viewport);
   action.apply(path.get());
   return action.getMatrix();
@@ -140,17 +136,14 @@ const NbVec2i32& NkDragger::getViewportSize() const { return getViewportRegion()
 // Events
 
 NkDragger::Phase NkDragger::phaseOf(const NkEvent* event) {
-  if (!event)
-    return Phase::NONE;
+  if (!event) return Phase::NONE;
   const bool isTracker = event->isTrackerEvent();
   if (isTracker || event->isOfType(NkMouseButtonEvent::getClassTypeId())) {
     const auto* button = static_cast<const NkButtonEvent*>(event);
     if (!isTracker && static_cast<const NkMouseButtonEvent*>(event)->getButton() != NkMouseButtonEvent::BUTTON1)
       return Phase::FURTHER_BUTTON;
-    if (button->getState() == NkButtonEvent::DOWN)
-      return Phase::PRESS;
-    if (button->getState() == NkButtonEvent::UP)
-      return Phase::RELEASE;
+    if (button->getState() == NkButtonEvent::DOWN) return Phase::PRESS;
+    if (button->getState() == NkButtonEvent::UP) return Phase::RELEASE;
     return isTracker ? Phase::MOTION : Phase::NONE;
   }
   return event->isOfType(NkLocation2Event::getClassTypeId()) ? Phase::MOTION : Phase::NONE;
@@ -160,29 +153,25 @@ void NkDragger::handleEvent(NkHandleEventAction* action) {
   const arbora::KeepAlive alive(this);
   if (action->getCurPathLength() == 0) {
     // As the grabber, ahead of the scene.
-    if (m_drag && m_drag->action == action)
-      handleGrabbedEvent(action);
+    if (m_drag && m_drag->action == action) handleGrabbedEvent(action);
     return;
   }
   const bool isPress = !m_drag && phaseOf(action->getEvent()) == Phase::PRESS;
   const NbMatrix localToWorld = isPress ? action->getState()->model : NbMatrix();
   NkInteractionKit::handleEvent(action);
-  if (isPress && !m_drag && !action->isHandled())
-    tryToGrab(action, localToWorld);
+  if (isPress && !m_drag && !action->isHandled()) tryToGrab(action, localToWorld);
 }
 
 bool NkDragger::isInnermost(const NkHandleEventAction& action, const NkFullPath& pickPath) const {
   const int depth = action.getCurPathLength();
-  if (pickPath.getLength() < depth)
-    return false;
+  if (pickPath.getLength() < depth) return false;
   // The same node can stand in several places: it is hit only in the place that the traversal has come to.
   for (int i = 0; i < depth; ++i) {
     if (pickPath.getNode(i) != action.getCurPathNode(i) || pickPath.getIndex(i) != action.getCurPathIndex(i))
       return false;
   }
   for (int i = depth; i < pickPath.getLength(); ++i) {
-    if (pickPath.getNode(i)->isOfType(NkDragger::getClassTypeId()))
-      return false;
+    if (pickPath.getNode(i)->isOfType(NkDragger::getClassTypeId())) return false;
   }
   return true;
 }
@@ -190,24 +179,21 @@ bool NkDragger::isInnermost(const NkHandleEventAction& action, const NkFullPath&
 bool NkDragger::shouldGrabBasedOnSurrogate(const NkPath* pickPath, const NkPath* surrogatePath) const {
   const NkFullPath* full = pickPath->full();
   for (int i = surrogatePath->full()->getLength() - 1; i < full->getLength(); ++i) {
-    if (full->getNode(i)->isOfType(NkDragger::getClassTypeId()))
-      return false;
+    if (full->getNode(i)->isOfType(NkDragger::getClassTypeId())) return false;
   }
   return true;
 }
 
 void NkDragger::tryToGrab(NkHandleEventAction* action, const NbMatrix& localToWorld) {
   const NkPickedPoint* point = action->getPickedPoint();
-  if (!point || action->getCurPathTail() != this)
-    return;
+  if (!point || action->getCurPathTail() != this) return;
   const NkFullPath* pickPath = point->getPath()->full();
   auto drag = std::make_unique<Drag>();
   drag->ownIndex = action->getCurPathLength() - 1;
   drag->pickIndex = drag->ownIndex;
   if (!isInnermost(*action, *pickPath)) {
     const arbora::Ref<NkPath> surrogate = findSurrogate(point->getPath());
-    if (!surrogate || !shouldGrabBasedOnSurrogate(pickPath, surrogate.get()))
-      return;
+    if (!surrogate || !shouldGrabBasedOnSurrogate(pickPath, surrogate.get())) return;
     drag->surrogate = arbora::Ref<NkNode>(surrogate->getTail());
     drag->pickIndex = surrogate->getLength() - 1;
   }
@@ -216,26 +202,22 @@ void NkDragger::tryToGrab(NkHandleEventAction* action, const NbMatrix& localToWo
   drag->pickPath.assign(*pickPath);
   drag->worldStart = point->getPoint();
   localToWorld.inverse().multVecMatrix(drag->worldStart, drag->localStart);
-  if (NkViewVolumeElement::isSet(action->getState()))
-    drag->viewVolume = NkViewVolumeElement::get(action->getState());
+  if (NkViewVolumeElement::isSet(action->getState())) drag->viewVolume = NkViewVolumeElement::get(action->getState());
   m_drag = std::move(drag);
   takeEvent(*action);
   m_drag->startLocater = m_drag->locater;
   action->setHandled();
   action->setGrabber(this);
-  if (!m_drag)
-    return;
+  if (!m_drag) return;
   saveStartParameters();
   isActive = true;
-  if (m_callbacks)
-    invoke(m_callbacks->start);
+  if (m_callbacks) invoke(m_callbacks->start);
   letEventGo();
 }
 
 void NkDragger::handleGrabbedEvent(NkHandleEventAction* action) {
   const Phase phase = phaseOf(action->getEvent());
-  if (phase == Phase::NONE)
-    return;
+  if (phase == Phase::NONE) return;
   const arbora::Ref<NkFullPath> path = m_drag->ownPath.lock(this, m_drag->ownIndex);
   m_drag->shownPickPath = {};
   if (!path || !getPickPath()) {
@@ -250,18 +232,14 @@ void NkDragger::handleGrabbedEvent(NkHandleEventAction* action) {
   action->setHandled();
   if (phase == Phase::MOTION) {
     takeEvent(*action);
-    if (m_drag->event->isTrackerEvent())
-      applyTrackerMotion();
-    if (m_callbacks)
-      invoke(m_callbacks->motion);
+    if (m_drag->event->isTrackerEvent()) applyTrackerMotion();
+    if (m_callbacks) invoke(m_callbacks->motion);
   } else if (phase == Phase::RELEASE) {
     takeEvent(*action);
     const Drag* const drag = m_drag.get();
     isActive = false;
-    if (m_callbacks)
-      invoke(m_callbacks->finish);
-    if (m_drag.get() == drag)
-      endDrag();
+    if (m_callbacks) invoke(m_callbacks->finish);
+    if (m_drag.get() == drag) endDrag();
   }
   letEventGo();
 }
@@ -270,27 +248,22 @@ void NkDragger::takeEvent(const NkHandleEventAction& action) {
   m_drag->event = action.getEvent();
   m_drag->viewport = action.getViewportRegion();
   m_drag->locater = m_drag->event->getNormalizedPosition(m_drag->viewport);
-  if (m_drag->event->isTrackerEvent())
-    m_drag->ray = static_cast<const NkTrackerEvent*>(m_drag->event)->getRay();
+  if (m_drag->event->isTrackerEvent()) m_drag->ray = static_cast<const NkTrackerEvent*>(m_drag->event)->getRay();
 }
 
 void NkDragger::letEventGo() {
-  if (!m_drag)
-    return;
+  if (!m_drag) return;
   m_drag->event = nullptr;
   m_drag->shownPickPath = {};
 }
 
 void NkDragger::endDrag() {
-  if (!m_drag)
-    return;
+  if (!m_drag) return;
   const arbora::KeepAlive alive(this);
   NkHandleEventAction* action = m_drag->action;
   m_drag.reset();
-  if (action->getGrabber() == this)
-    action->releaseGrabber();
-  if (isActive.getValue())
-    isActive = false;
+  if (action->getGrabber() == this) action->releaseGrabber();
+  if (isActive.getValue()) isActive = false;
 }
 
 void NkDragger::grabEventsSetup() {}

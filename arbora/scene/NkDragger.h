@@ -8,10 +8,10 @@
 #include "arbora/base/NbVec3f.h"
 #include "arbora/scene/NkGetView.h"
 #include "arbora/scene/NkInteractionKit.h"
+#include "arbora/scene/NkPath.h"
 
 class NkDragger;
 class NkEvent;
-class NkFullPath;
 
 using NkDraggerCB = void(void* data, NkDragger* dragger);
 
@@ -87,7 +87,8 @@ private:
 
   static Phase phaseOf(const NkEvent* event);
   Callbacks& callbacks();
-  template <class List> void invoke(List& list);
+  template <class List>
+  void invoke(List& list);
   void handleGrabbedEvent(NkHandleEventAction* action);
   void tryToGrab(NkHandleEventAction* action, const NbMatrix& localToWorld);
   bool isInnermost(const NkHandleEventAction& action, const NkFullPath& pickPath) const;
@@ -96,5 +97,5 @@ private:
   void endDrag();
 
   std::unique_ptr<Callbacks> m_callbacks;
-  std::unique_ptr<Drag> m_drag;  // Only during a drag.
+  std::unique_ptr<Drag> m_drag; // Only during a drag.
 };

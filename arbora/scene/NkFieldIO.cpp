@@ -230,8 +230,18 @@ constexpr std::size_t kSmallestNode = 4;  // Bytes in the binary form.
 
 bool NkSFNode::readValue(NkInput* in) {
   arbora::Ref<NkNode> node;
+  in->atEnd(); // Goes on to the value.
+  const std::size_t position = in->getPosition();
   if (!readNode(in, node))
     return false;
+  NkFieldContainer* container = getContainer();
+  if (node && container && !container->validateNewFieldValue(this, node.get())) {
+    NbName name;
+    container->getFieldName(this, name);
+    in->errorAt(position, "a node of type %s can't be the value of the field '%s'",
+                node->getTypeId().getName().getString(), name.getString());
+    return false;
+  }
   setValue(node.get());
   return true;
 }

@@ -17,9 +17,7 @@ NkType NkGLRenderAction::getClassTypeId() { return s_classTypeId; }
 
 NkType NkGLRenderAction::getTypeId() const { return s_classTypeId; }
 
-void NkGLRenderAction::initClass() {
-  s_classTypeId = NkType::createType(NkAction::getClassTypeId(), "GLRenderAction");
-}
+void NkGLRenderAction::initClass() { s_classTypeId = NkType::createType(NkAction::getClassTypeId(), "GLRenderAction"); }
 
 void NkGLRenderAction::exitClass() {
   NkType::removeType("GLRenderAction");
@@ -78,7 +76,8 @@ void NkGLRenderAction::apply(NkNode* root) {
   drawList(list);
 }
 
-template <class Target> void NkGLRenderAction::drawUnkept(const Target& target) {
+template <class Target>
+void NkGLRenderAction::drawUnkept(const Target& target) {
   m_statistics = Statistics();
   arbora::DrawList list(*this);
   m_target = &list;

@@ -14,14 +14,14 @@ class NkSeparator;
 namespace arbora {
 class DrawList;
 class RenderBackend;
-}  // namespace arbora
+} // namespace arbora
 
 /// Draws a scene. The first time that the action is applied to a root it compiles the scene into a draw list, which it
 /// keeps; from then on it visits only what changed, and nothing at all if nothing did. The first camera of the scene
 /// decides what is seen; without one it is the cube from -1 to 1. Where the scene has no light at all, one shines from
 /// the eye.
 class ARBORA_API NkGLRenderAction : public NkAction {
- public:
+public:
   explicit NkGLRenderAction(const NbViewportRegion& viewport);
   ~NkGLRenderAction() override;
 
@@ -50,10 +50,10 @@ class ARBORA_API NkGLRenderAction : public NkAction {
 
   /// What the last `apply` did.
   struct Statistics {
-    int visitedNodes = 0;      ///< nodes that were traversed
-    int compiledSegments = 0;  ///< separators (and roots) whose content was compiled anew
+    int visitedNodes = 0;     ///< nodes that were traversed
+    int compiledSegments = 0; ///< separators (and roots) whose content was compiled anew
     int drawCalls = 0;
-    int drawnInstances = 0;  ///< meshes seen
+    int drawnInstances = 0; ///< meshes seen
   };
   const Statistics& getStatistics() const { return m_statistics; }
 
@@ -65,24 +65,25 @@ class ARBORA_API NkGLRenderAction : public NkAction {
   /// Visits a separator's content, or leaves it at what the draw list has.
   void renderSeparator(NkSeparator* separator);
 
- protected:
+protected:
   void beginTraversal() override;
   void dispatch(NkNode* node) override;
 
- private:
+private:
   friend class arbora::DrawList;
   struct Kept {
-    const NkNode* root;  // Never looked into: the node may be gone.
+    const NkNode* root; // Never looked into: the node may be gone.
     std::unique_ptr<arbora::DrawList> list;
   };
   arbora::DrawList& findList(NkNode* root);
   void drawList(arbora::DrawList& list);
-  template <class Target> void drawUnkept(const Target& target);
+  template <class Target>
+  void drawUnkept(const Target& target);
 
   static NkType s_classTypeId;
   arbora::RenderBackend* m_backend = nullptr;
-  std::vector<Kept> m_lists;             // The one that was used last stands at the end.
-  arbora::DrawList* m_target = nullptr;  // The list that this traversal compiles into.
+  std::vector<Kept> m_lists;            // The one that was used last stands at the end.
+  arbora::DrawList* m_target = nullptr; // The list that this traversal compiles into.
   Statistics m_statistics;
   NbColor m_background;
   float m_backgroundAlpha = 1.0f;

@@ -40,14 +40,12 @@ void NkHandleEventAction::setHandled() {
 // Grabbing
 
 void NkHandleEventAction::setGrabber(NkNode* node) {
-  if (node == m_grabber)
-    return;
+  if (node == m_grabber) return;
   NkNode* const previous = m_grabber;
   const arbora::KeepAlive alive(previous);
   m_grabberWatch.detach();
   m_grabber = node;
-  if (node)
-    m_grabberWatch.attach(node);
+  if (node) m_grabberWatch.attach(node);
   if (previous && previous->isOfType(NkDragger::getClassTypeId()))
     static_cast<NkDragger*>(previous)->grabEventsCleanup();
   // The one before may have been told of its end and have grabbed again.
@@ -76,17 +74,16 @@ struct NkHandleEventAction::Applying {
   arbora::KeepAlive alive;
 };
 
-template <class Target> void NkHandleEventAction::applyTo(Target* target, NkNode* root) {
-  if (!root || !m_event || m_root)
-    return;
+template <class Target>
+void NkHandleEventAction::applyTo(Target* target, NkNode* root) {
+  if (!root || !m_event || m_root) return;
   const Applying applying(this, root);
   if (NkNode* grabber = m_grabber) {
     const arbora::KeepAlive alive(grabber);
     invalidateState();
     grabber->handleEvent(this);
   }
-  if (!m_handled)
-    NkAction::apply(target);
+  if (!m_handled) NkAction::apply(target);
 }
 
 void NkHandleEventAction::apply(NkNode* root) { applyTo(root, root); }
@@ -97,18 +94,15 @@ void NkHandleEventAction::apply(NkPath* path) {
 }
 
 void NkHandleEventAction::dispatch(NkNode* node) {
-  if (!m_handled)
-    node->handleEvent(this);
+  if (!m_handled) node->handleEvent(this);
 }
 
 // Picking
 
 const NkRayPickAction* NkHandleEventAction::pick(bool all) {
-  if (!m_root)
-    return nullptr;
+  if (!m_root) return nullptr;
   std::unique_ptr<NkRayPickAction>& action = all ? m_pickAll : m_pickNearest;
-  if (action)
-    return action.get();
+  if (action) return action.get();
   action = std::make_unique<NkRayPickAction>(getViewportRegion());
   action->setPickAll(all);
   action->setRadius(m_pickRadius);

@@ -57,7 +57,8 @@ protected:
 
 private:
   struct Applying;
-  template <class Target> void applyTo(Target* target, NkNode* root);
+  template <class Target>
+  void applyTo(Target* target, NkNode* root);
   const NkRayPickAction* pick(bool all);
   static void grabberDies(void* data, NkSensor* sensor);
 
@@ -65,7 +66,7 @@ private:
   const NkEvent* m_event = nullptr;
   NkNode* m_root = nullptr;
   bool m_handled = false;
-  NkNode* m_grabber = nullptr;  // Not owned; watched, so that it is forgotten when it goes.
+  NkNode* m_grabber = nullptr; // Not owned; watched, so that it is forgotten when it goes.
   NkNodeSensor m_grabberWatch;
   float m_pickRadius = 0.0F;
   // What was picked for the present event.

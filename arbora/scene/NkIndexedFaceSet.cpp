@@ -36,7 +36,7 @@ int countFaces(const NkMFInt32& indices) {
 /// How the corners of the faces find their normals.
 enum class Binding { NONE, BY_NORMAL_INDEX, BY_COORD_INDEX, INDEX_PER_FACE, PER_FACE, OVERALL };
 
-}  // namespace
+} // namespace
 
 void NkIndexedFaceSet::buildFaces(const NkState& state, arbora::FaceBuilder& builder) {
   const NkMFVec3f& points = state.coordinates->point;
@@ -62,11 +62,16 @@ void NkIndexedFaceSet::buildFaces(const NkState& state, arbora::FaceBuilder& bui
 
   const auto normalFor = [&](int corner, int face) {
     switch (binding) {
-      case Binding::BY_NORMAL_INDEX: return corner < normalIndex.getNum() ? normalIndex[corner] : -1;
-      case Binding::BY_COORD_INDEX: return coordIndex[corner];
-      case Binding::INDEX_PER_FACE: return normalIndex[face];
-      case Binding::PER_FACE: return face;
-      default: return 0;
+      case Binding::BY_NORMAL_INDEX:
+        return corner < normalIndex.getNum() ? normalIndex[corner] : -1;
+      case Binding::BY_COORD_INDEX:
+        return coordIndex[corner];
+      case Binding::INDEX_PER_FACE:
+        return normalIndex[face];
+      case Binding::PER_FACE:
+        return face;
+      default:
+        return 0;
     }
   };
 
@@ -88,13 +93,13 @@ void NkIndexedFaceSet::buildFaces(const NkState& state, arbora::FaceBuilder& bui
       reportDroppedFaces("NkIndexedFaceSet::coordIndex", "an index is behind the last coordinate");
     } else {
       const bool hasNormals = binding != Binding::NONE && allCorners([&](int corner) {
-        const int index = normalFor(corner, face);
-        return index >= 0 && index < normalCount;
-      });
+                                const int index = normalFor(corner, face);
+                                return index >= 0 && index < normalCount;
+                              });
       const bool hasTexture = texture && allCorners([&](int corner) {
-        const int index = corner < textureIndices.getNum() ? textureIndices[corner] : -1;
-        return index >= 0 && index < texture->getNum();
-      });
+                                const int index = corner < textureIndices.getNum() ? textureIndices[corner] : -1;
+                                return index >= 0 && index < texture->getNum();
+                              });
       builder.beginFace(hasNormals, hasTexture);
       for (int corner = first; corner < end; ++corner) {
         arbora::Vertex vertex;

@@ -7,7 +7,7 @@ class ARBORA_API NkInfo : public NkNode {
   NK_NODE_HEADER(NkInfo);
 
 public:
-  NkSFString string;  // Empty.
+  NkSFString string; // Empty.
 
   NkInfo();
   bool affectsState() const override { return false; }

@@ -520,20 +520,26 @@ bool NkInput::readInteger(int& value) {
 bool NkInput::read(float& value) {
   if (m_gaveUp)
     return false;
-  if (m_isBinary) {
-    std::uint32_t bits = 0;
-    if (!readBits(bits))
-      return false;
-    value = std::bit_cast<float>(bits);
-    return true;
-  }
+  if (!m_isBinary)
+    return readNumber(value);
+  std::uint32_t bits = 0;
+  if (!readBits(bits))
+    return false;
+  value = std::bit_cast<float>(bits);
+  return true;
+}
+
+bool NkInput::read(double& value) {
+  return !m_gaveUp && readNumber(value);
+}
+
+template <class Number> bool NkInput::readNumber(Number& value) {
   skipBlanks();
   const char* p = m_next;
-  if (p != m_end && *p == '+')
+  if (m_end - p > 1 && *p == '+' && p[1] != '-')
     ++p;
   const auto [behind, problem] = std::from_chars(p, m_end, value);
-  if (problem == std::errc::invalid_argument || (p != m_next && p != m_end && *p == '-') ||
-      (behind != m_end && hasClass(*behind, WORD)))
+  if (problem == std::errc::invalid_argument || (behind != m_end && hasClass(*behind, WORD)))
     return wrongValue("a number");
   if (problem == std::errc::result_out_of_range) {
     // Too small becomes the nearest value, too large has none.
@@ -545,7 +551,7 @@ bool NkInput::read(float& value) {
       error("%s is out of the range of numbers", arbora::quoted(word).c_str());
       return false;
     }
-    value = static_cast<float>(wide);
+    value = static_cast<Number>(wide);
   }
   m_next = behind;
   return true;

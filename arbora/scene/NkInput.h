@@ -58,6 +58,8 @@ public:
   // For the readers of values. Each gives false after an error, which is posted.
 
   bool read(float& value);
+  /// In text alone.
+  bool read(double& value);
   bool read(bool& value);
   /// A string in quotes, or a bare word, in UTF-8; valid until the next string is read.
   bool read(std::string_view& text);
@@ -117,6 +119,7 @@ private:
   void skipBlanks();
   void skipBraces();
   bool readInteger(int& value);
+  template <class Number> bool readNumber(Number& value);
   bool readQuoted(std::string_view& text);
   bool readBits(std::uint32_t& bits);
   bool wrongValue(const char* expected);

@@ -6,8 +6,7 @@
 int NkInteraction::s_initCount = 0;
 
 void NkInteraction::init() {
-  if (s_initCount++ > 0)
-    return;
+  if (s_initCount++ > 0) return;
   NkNodeKit::init();
   NkInteractionKit::initClass();
   NkDragger::initClass();
@@ -15,8 +14,7 @@ void NkInteraction::init() {
 }
 
 void NkInteraction::finish() {
-  if (s_initCount == 0 || --s_initCount > 0)
-    return;
+  if (s_initCount == 0 || --s_initCount > 0) return;
   NkPlaneDragger::exitClass();
   NkDragger::exitClass();
   NkInteractionKit::exitClass();

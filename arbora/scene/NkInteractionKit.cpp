@@ -17,21 +17,17 @@ NkInteractionKit::NkInteractionKit() {
 NkInteractionKit::~NkInteractionKit() = default;
 
 void NkInteractionKit::setSwitchValue(NkNode* node, int whichChild) {
-  if (!node || !node->isOfType(NkSwitch::getClassTypeId()))
-    return;
+  if (!node || !node->isOfType(NkSwitch::getClassTypeId())) return;
   auto* switchNode = static_cast<NkSwitch*>(node);
-  if (switchNode->whichChild.getValue() != whichChild)
-    switchNode->whichChild = whichChild;
+  if (switchNode->whichChild.getValue() != whichChild) switchNode->whichChild = whichChild;
 }
 
 // Default parts
 
 bool NkInteractionKit::setPartAsDefault(const NbName& partName, NkNode* node, bool onlyIfAlready) {
   NkSFNode* holder = getPartHolder(partName);
-  if (!holder || !node || (onlyIfAlready && !holder->isDefault()))
-    return false;
-  if (!setAnyPart(partName, node))
-    return false;
+  if (!holder || !node || (onlyIfAlready && !holder->isDefault())) return false;
+  if (!setAnyPart(partName, node)) return false;
   holder->setDefault(true);
   return true;
 }
@@ -45,18 +41,14 @@ bool NkInteractionKit::setPartAsDefault(const NbName& partName, const NbName& no
 bool NkInteractionKit::setPartAsPath(const NbName& partName, NkPath* surrogate) {
   const arbora::Ref<NkPath> keep(surrogate);
   // The part's own node goes, and with it an older surrogate.
-  if (!setAnyPart(partName, nullptr, false))
-    return false;
-  if (!surrogate || !surrogate->getHead())
-    return true;
+  if (!setAnyPart(partName, nullptr, false)) return false;
+  if (!surrogate || !surrogate->getHead()) return true;
   Surrogate entry;
   entry.part = partName;
   const NkFullPath* full = surrogate->full();
-  for (int i = 0; i < full->getLength(); ++i)
-    entry.nodes.push_back(full->getNode(i));
+  for (int i = 0; i < full->getLength(); ++i) entry.nodes.push_back(full->getNode(i));
   entry.tail = arbora::Ref<NkNode>(full->getTail());
-  if (!m_surrogates)
-    m_surrogates = std::make_unique<std::vector<Surrogate>>();
+  if (!m_surrogates) m_surrogates = std::make_unique<std::vector<Surrogate>>();
   m_surrogates->push_back(std::move(entry));
   return true;
 }
@@ -67,25 +59,20 @@ void NkInteractionKit::removeSurrogate(const NbName& partName) {
 }
 
 bool NkInteractionKit::setAnyPart(const NbName& partName, NkNode* node, bool anyPart) {
-  if (!NkBaseKit::setAnyPart(partName, node, anyPart))
-    return false;
+  if (!NkBaseKit::setAnyPart(partName, node, anyPart)) return false;
   removeSurrogate(partName);
   return true;
 }
 
 arbora::Ref<NkPath> NkInteractionKit::findSurrogate(NkPath* pickPath) const {
-  if (!m_surrogates || !pickPath)
-    return {};
+  if (!m_surrogates || !pickPath) return {};
   for (const Surrogate& surrogate : *m_surrogates) {
     const int start = pickPath->findNode(surrogate.nodes.front());
     const int length = static_cast<int>(surrogate.nodes.size());
-    if (start < 0)
-      continue;
+    if (start < 0) continue;
     int same = 0;
-    while (same < length && pickPath->getNode(start + same) == surrogate.nodes[static_cast<std::size_t>(same)])
-      ++same;
-    if (same < length)
-      continue;
+    while (same < length && pickPath->getNode(start + same) == surrogate.nodes[static_cast<std::size_t>(same)]) ++same;
+    if (same < length) continue;
     arbora::Ref<NkPath> found(pickPath->copy());
     found->truncate(start + length);
     found->setNumPublic(-1);

@@ -56,5 +56,5 @@ private:
 
   NkSFNode topSeparator;
   NkSFNode geomSeparator;
-  std::unique_ptr<std::vector<Surrogate>> m_surrogates;  // Few kits have any.
+  std::unique_ptr<std::vector<Surrogate>> m_surrogates; // Few kits have any.
 };

@@ -2,15 +2,15 @@
 
 #include "arbora/scene/NkSubNode.h"
 
-/// Base of the nodes that light what stands behind them. A ninth light at one place of a scene has no effect and posts a
-/// message.
+/// Base of the nodes that light what stands behind them. A ninth light at one place of a scene has no effect and posts
+/// a message.
 class ARBORA_API NkLight : public NkNode {
   NK_NODE_ABSTRACT_HEADER(NkLight);
 
 public:
-  NkSFBool on;          // TRUE.
-  NkSFFloat intensity;  // 1; below 0 counts as 0.
-  NkSFColor color;      // White.
+  NkSFBool on;         // TRUE.
+  NkSFFloat intensity; // 1; below 0 counts as 0.
+  NkSFColor color;     // White.
 
   void doAction(NkAction* action) override;
 

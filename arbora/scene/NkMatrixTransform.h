@@ -8,7 +8,7 @@ class ARBORA_API NkMatrixTransform : public NkTransformation {
   NK_NODE_HEADER(NkMatrixTransform);
 
 public:
-  NkSFMatrix matrix;  // The identity.
+  NkSFMatrix matrix; // The identity.
 
   NkMatrixTransform();
   NbMatrix getTransformMatrix() const override;

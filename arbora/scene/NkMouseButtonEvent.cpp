@@ -15,8 +15,7 @@ bool NkMouseButtonEvent::isButtonReleaseEvent(const NkEvent* event, Button butto
 }
 
 bool NkMouseButtonEvent::isEvent(const NkEvent* event, Button button, State state) {
-  if (!event || !event->isOfType(getClassTypeId()))
-    return false;
+  if (!event || !event->isOfType(getClassTypeId())) return false;
   const auto* mouse = static_cast<const NkMouseButtonEvent*>(event);
   return mouse->getState() == state && (button == ANY || mouse->m_button == button);
 }

@@ -7,8 +7,7 @@
 int NkNodeKit::s_initCount = 0;
 
 void NkNodeKit::init() {
-  if (s_initCount++ > 0)
-    return;
+  if (s_initCount++ > 0) return;
   NkDB::init();
   NkNodeKitDetail::initClass();
   NkBaseKit::initClass();
@@ -16,8 +15,7 @@ void NkNodeKit::init() {
 }
 
 void NkNodeKit::finish() {
-  if (s_initCount == 0 || --s_initCount > 0)
-    return;
+  if (s_initCount == 0 || --s_initCount > 0) return;
   NkNodeKitListPart::exitClass();
   NkBaseKit::exitClass();
   NkNodeKitDetail::exitClass();

@@ -10,9 +10,7 @@ NkType NkNodeKitDetail::getClassTypeId() { return s_classTypeId; }
 
 NkType NkNodeKitDetail::getTypeId() const { return s_classTypeId; }
 
-void NkNodeKitDetail::initClass() {
-  s_classTypeId = NkType::createType(NkDetail::getClassTypeId(), "NodeKitDetail");
-}
+void NkNodeKitDetail::initClass() { s_classTypeId = NkType::createType(NkDetail::getClassTypeId(), "NodeKitDetail"); }
 
 void NkNodeKitDetail::exitClass() {
   NkType::removeType("NodeKitDetail");

@@ -42,20 +42,17 @@ void NkNodeKitListPart::addItemType(NkType type) {
 bool NkNodeKitListPart::isItemTypePermitted(NkType type) const {
   for (int i = 0; i < itemTypes.getNum(); ++i) {
     const NkType permitted = NkType::fromName(NbName(itemTypes[i]));
-    if (!permitted.isBad() && type.isDerivedFrom(permitted))
-      return true;
+    if (!permitted.isBad() && type.isDerivedFrom(permitted)) return true;
   }
   return itemTypes.getNum() == 0;
 }
 
 bool NkNodeKitListPart::holdsOnly(NkType type) const {
   for (int i = 0; i < itemTypes.getNum(); ++i) {
-    if (!NkType::fromName(NbName(itemTypes[i])).isDerivedFrom(type))
-      return false;
+    if (!NkType::fromName(NbName(itemTypes[i])).isDerivedFrom(type)) return false;
   }
   for (int i = 0; i < getNumItems(); ++i) {
-    if (!container.getValue()->getChildren()->get(i)->isOfType(type))
-      return false;
+    if (!container.getValue()->getChildren()->get(i)->isOfType(type)) return false;
   }
   return itemTypes.getNum() > 0 || type == NkNode::getClassTypeId();
 }
@@ -80,16 +77,14 @@ int NkNodeKitListPart::findItem(const NkNode* item) const {
 }
 
 bool NkNodeKitListPart::checkItem(const NkNode* item, const char* operation) const {
-  if (item && isItemTypePermitted(item->getTypeId()))
-    return true;
+  if (item && isItemTypePermitted(item->getTypeId())) return true;
   NkDebugError::post(operation, "%s can't be an item of this list",
                      item ? item->getTypeId().getName().getString() : "NULL");
   return false;
 }
 
 bool NkNodeKitListPart::checkIndex(int index, int last, const char* operation) const {
-  if (index >= 0 && index <= last)
-    return true;
+  if (index >= 0 && index <= last) return true;
   NkDebugError::post(operation, "Index %d is out of range %d - %d", index, 0, last);
   return false;
 }
@@ -98,8 +93,7 @@ NkNode* NkNodeKitListPart::getItem(int index, bool makeIfNeeded) {
   if (index == getNumItems() && makeIfNeeded) {
     for (int i = 0; i < itemTypes.getNum() && index == getNumItems(); ++i) {
       const NkType type = NkType::fromName(NbName(itemTypes[i]));
-      if (type.canCreateInstance())
-        addItem(static_cast<NkNode*>(type.createInstance()));
+      if (type.canCreateInstance()) addItem(static_cast<NkNode*>(type.createInstance()));
     }
   }
   return container.getValue() ? container.getValue()->getChildren()->get(index) : nullptr;
@@ -107,10 +101,8 @@ NkNode* NkNodeKitListPart::getItem(int index, bool makeIfNeeded) {
 
 bool NkNodeKitListPart::setItem(int index, NkNode* item) {
   const char* const operation = "NkNodeKitListPart::setItem";
-  if (item && index == getNumItems())
-    return insertItem(item, index);
-  if (!checkIndex(index, getNumItems() - 1, operation) || (item && !checkItem(item, operation)))
-    return false;
+  if (item && index == getNumItems()) return insertItem(item, index);
+  if (!checkIndex(index, getNumItems() - 1, operation) || (item && !checkItem(item, operation))) return false;
   if (item)
     getContainer(true)->replaceChild(index, item);
   else
@@ -120,8 +112,7 @@ bool NkNodeKitListPart::setItem(int index, NkNode* item) {
 
 bool NkNodeKitListPart::insertItem(NkNode* item, int index) {
   const char* const operation = "NkNodeKitListPart::insertItem";
-  if (!checkItem(item, operation) || !checkIndex(index, getNumItems(), operation))
-    return false;
+  if (!checkItem(item, operation) || !checkIndex(index, getNumItems(), operation)) return false;
   getContainer(true)->insertChild(item, index);
   return true;
 }

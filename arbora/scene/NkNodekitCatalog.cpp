@@ -8,7 +8,7 @@ namespace {
 
 const char* nameOf(NkType type) { return type.isBad() ? "an unregistered class" : type.getName().getString(); }
 
-}  // namespace
+} // namespace
 
 NkNodekitCatalog* NkNodekitCatalog::clone(NkType type) const {
   auto* copy = new NkNodekitCatalog(*this);
@@ -23,15 +23,13 @@ const NkNodekitCatalog::Entry& NkNodekitCatalog::get(int part) const {
 
 int NkNodekitCatalog::getPartNumber(const NbName& name) const {
   for (int i = 0; i < getNumEntries(); ++i) {
-    if (m_entries[static_cast<std::size_t>(i)].name == name)
-      return i;
+    if (m_entries[static_cast<std::size_t>(i)].name == name) return i;
   }
   return -1;
 }
 
 NbName NkNodekitCatalog::getParentName(int part) const {
-  if (part < 0 || part >= getNumEntries())
-    return NbName();
+  if (part < 0 || part >= getNumEntries()) return NbName();
   const int parent = get(part).parent;
   return parent < 0 ? NbName("this") : get(parent).name;
 }
@@ -45,51 +43,41 @@ bool NkNodekitCatalog::refuse(const NbName& name, const char* reason, const NbNa
 bool NkNodekitCatalog::addEntry(const NbName& name, NkType type, NkType defaultType, bool nullByDefault,
                                 const NbName& parentName, const NbName& rightSiblingName, bool isList,
                                 NkType listContainerType, NkType listItemType, bool isPublic) {
-  if (!name || name == "this")
-    return refuse(name, "that can't be a name");
-  if (getPartNumber(name) >= 0)
-    return refuse(name, "the name is taken");
-  if (type.isBad() || !type.isDerivedFrom(NkNode::getClassTypeId()))
-    return refuse(name, "its type is no node class");
+  if (!name || name == "this") return refuse(name, "that can't be a name");
+  if (getPartNumber(name) >= 0) return refuse(name, "the name is taken");
+  if (type.isBad() || !type.isDerivedFrom(NkNode::getClassTypeId())) return refuse(name, "its type is no node class");
   if (!defaultType.isDerivedFrom(type))
     return refuse(name, "its default type doesn't derive from its type", type.getName());
-  if (!defaultType.canCreateInstance())
-    return refuse(name, "its default type is abstract", defaultType.getName());
+  if (!defaultType.canCreateInstance()) return refuse(name, "its default type is abstract", defaultType.getName());
   if (isList) {
     if (!type.isDerivedFrom(NkNodeKitListPart::getClassTypeId()))
       return refuse(name, "a list has to be a NkNodeKitListPart");
     if (!listContainerType.isDerivedFrom(NkGroup::getClassTypeId()) || !listContainerType.canCreateInstance())
       return refuse(name, "its container type can't hold children", listContainerType.getName());
-    if (!listItemType.isDerivedFrom(NkNode::getClassTypeId()))
-      return refuse(name, "its item type is no node class");
+    if (!listItemType.isDerivedFrom(NkNode::getClassTypeId())) return refuse(name, "its item type is no node class");
   }
 
   int parent = -1;
   if (parentName != "this") {
     parent = getPartNumber(parentName);
-    if (parent < 0)
-      return refuse(name, "there is no such parent", parentName);
-    if (get(parent).isList)
-      return refuse(name, "its parent is a list", parentName);
+    if (parent < 0) return refuse(name, "there is no such parent", parentName);
+    if (get(parent).isList) return refuse(name, "its parent is a list", parentName);
     if (!get(parent).type.isDerivedFrom(NkGroup::getClassTypeId()))
       return refuse(name, "its parent can't have children", parentName);
   }
   int rightSibling = -1;
   if (!!rightSiblingName) {
     rightSibling = getPartNumber(rightSiblingName);
-    if (rightSibling < 0)
-      return refuse(name, "there is no such right sibling", rightSiblingName);
+    if (rightSibling < 0) return refuse(name, "there is no such right sibling", rightSiblingName);
     if (get(rightSibling).parent != parent)
       return refuse(name, "its right sibling has another parent", rightSiblingName);
   }
 
   // What stood directly ahead of the right sibling, or was the last, now stands ahead of the new part.
   for (Entry& entry : m_entries) {
-    if (entry.parent == parent && entry.rightSibling == rightSibling)
-      entry.rightSibling = getNumEntries();
+    if (entry.parent == parent && entry.rightSibling == rightSibling) entry.rightSibling = getNumEntries();
   }
-  if (parent >= 0)
-    m_entries[static_cast<std::size_t>(parent)].isLeaf = false;
+  if (parent >= 0) m_entries[static_cast<std::size_t>(parent)].isLeaf = false;
   Entry entry;
   entry.name = name;
   entry.type = type;

@@ -73,7 +73,7 @@ private:
     NkType listItemType;
     int parent = -1;
     int rightSibling = -1;
-    std::ptrdiff_t holderOffset = 0;  // Of the holder field within the kit.
+    std::ptrdiff_t holderOffset = 0; // Of the holder field within the kit.
     bool nullByDefault = true;
     bool isLeaf = true;
     bool isList = false;
@@ -85,5 +85,5 @@ private:
 
   std::vector<Entry> m_entries;
   NkType m_owner;
-  bool m_hasDefaultParts = false;  // Whether a part isn't null by default.
+  bool m_hasDefaultParts = false; // Whether a part isn't null by default.
 };

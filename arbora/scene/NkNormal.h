@@ -7,7 +7,7 @@ class ARBORA_API NkNormal : public NkNode {
   NK_NODE_HEADER(NkNormal);
 
 public:
-  NkMFVec3f vector;  // Empty.
+  NkMFVec3f vector; // Empty.
 
   NkNormal();
   void doAction(NkAction* action) override;

@@ -1,7 +1,5 @@
 #include "arbora/scene/NkOrthographicCamera.h"
 
-#include "arbora/scene/MeshFactory.h"
-
 NK_NODE_SOURCE(NkOrthographicCamera, NkCamera, "OrthographicCamera");
 
 NkOrthographicCamera::NkOrthographicCamera() {
@@ -18,8 +16,9 @@ float NkOrthographicCamera::frameSphere(float radius) {
 }
 
 NbViewVolume NkOrthographicCamera::getUnplacedViewVolume(float aspect, float scale) const {
-  const float up = arbora::usableSize(height.getValue()) / 2 * scale / (aspect < 1 ? aspect : 1.0F);
+  const float up = usableLength(height.getValue()) / 2 * scale / (aspect < 1 ? aspect : 1.0F);
   NbViewVolume volume;
-  volume.ortho(-up * aspect, up * aspect, -up, up, usedNear() * scale, usedFar() * scale);
+  volume.ortho(-up * aspect, up * aspect, -up, up, usableLength(nearDistance.getValue()) * scale,
+               usableLength(farDistance.getValue()) * scale);
   return volume;
 }

@@ -164,6 +164,11 @@ void NkOutput::write(float value) {
   m_buffer.append(text, std::to_chars(text, text + sizeof(text), value).ptr);
 }
 
+void NkOutput::write(double value) {
+  char text[32];
+  m_buffer.append(text, std::to_chars(text, text + sizeof(text), value).ptr);
+}
+
 void NkOutput::write(bool value) {
   if (m_isBinary)
     write(value ? 1 : 0);

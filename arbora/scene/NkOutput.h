@@ -50,6 +50,8 @@ public:
   void write(int value);
   /// The shortest text that reads back as the same value.
   void write(float value);
+  /// In text alone.
+  void write(double value);
   void write(bool value);
   void write(const char* text) = delete;  // It would count as a truth value.
   /// Text in UTF-8, in quotes.

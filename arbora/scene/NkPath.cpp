@@ -18,7 +18,8 @@ NkType NkPath::getTypeId() const {
 }
 
 void NkPath::initClass() {
-  s_classTypeId = NkType::createType(NkBase::getClassTypeId(), "Path");
+  s_classTypeId =
+      NkType::createType(NkBase::getClassTypeId(), "Path", [] { return static_cast<NkBase*>(create()); });
 }
 
 void NkPath::exitClass() {

@@ -21,14 +21,17 @@ float usableAngle(float angle) {
   return angle > 0 ? std::clamp(angle, kSmallestAngle, std::numbers::pi_v<float> - kSmallestAngle) : kSmallestAngle;
 }
 
-}  // namespace
+} // namespace
 
-float NkPerspectiveCamera::frameSphere(float radius) { return radius / std::sin(usableAngle(heightAngle.getValue()) / 2); }
+float NkPerspectiveCamera::frameSphere(float radius) {
+  return radius / std::sin(usableAngle(heightAngle.getValue()) / 2);
+}
 
 NbViewVolume NkPerspectiveCamera::getUnplacedViewVolume(float aspect, float scale) const {
   float angle = usableAngle(heightAngle.getValue());
   if (aspect < 1) angle = 2 * std::atan(std::tan(angle / 2) / aspect);
   NbViewVolume volume;
-  volume.perspective(angle, aspect, usedNear() * scale, usedFar() * scale);
+  volume.perspective(angle, aspect, usableLength(nearDistance.getValue()) * scale,
+                     usableLength(farDistance.getValue()) * scale);
   return volume;
 }

@@ -9,7 +9,7 @@ class ARBORA_API NkPickStyle : public NkNode {
 public:
   enum Style { SHAPE = 0, BOUNDING_BOX = 1, UNPICKABLE = 2 };
 
-  NkSFEnum style;  // SHAPE.
+  NkSFEnum style; // SHAPE.
 
   NkPickStyle();
   void doAction(NkAction* action) override;

@@ -46,7 +46,7 @@ public:
 
 private:
   struct NodeDetail {
-    const NkNode* node;  // Held by the path.
+    const NkNode* node; // Held by the path.
     std::unique_ptr<NkDetail> detail;
   };
   arbora::Ref<NkPath> m_path;

@@ -43,8 +43,7 @@ void NkPlaneDragger::drag() {
   const bool hit = getEvent()->isTrackerEvent() ? m_projector.intersect(getTrackerRay(), point)
                                                 : m_projector.project(getNormalizedLocaterPosition(), point);
   // Where the line of sight runs along the plane there is no place to drag to.
-  if (!hit)
-    return;
+  if (!hit) return;
   NbVec3f way = point - getLocalStartingPoint();
   way[2] = 0;
   translation = m_startTranslation + way;

@@ -71,12 +71,12 @@ bool intersectFlat(const arbora::PlacedMesh& placed, int axis, const NbVec3f& st
 }
 
 /// Nearest hit in the space in which the mesh is placed.
-bool intersect(const arbora::PlacedMesh& placed, NbVec3f start, NbVec3f direction, float tMax,
-               arbora::Mesh::Hit& hit) {
+bool intersect(const arbora::PlacedMesh& placed, NbVec3f start, NbVec3f direction, float tMax, arbora::Mesh::Hit& hit) {
   const NbVec3f& scale = placed.scale;
   const int flatAxes = (scale[0] == 0 ? 1 : 0) + (scale[1] == 0 ? 1 : 0) + (scale[2] == 0 ? 1 : 0);
   if (flatAxes > 1) return false;
-  if (flatAxes == 1) return intersectFlat(placed, scale[0] == 0 ? 0 : scale[1] == 0 ? 1 : 2, start, direction, tMax, hit);
+  if (flatAxes == 1)
+    return intersectFlat(placed, scale[0] == 0 ? 0 : scale[1] == 0 ? 1 : 2, start, direction, tMax, hit);
   // Factors alone part the mesh's space from this one: distances along the ray stay what they are.
   start -= placed.offset;
   for (int axis = 0; axis < 3; ++axis) {
@@ -89,13 +89,11 @@ bool intersect(const arbora::PlacedMesh& placed, NbVec3f start, NbVec3f directio
   return true;
 }
 
-}  // namespace
+} // namespace
 
 NkType NkRayPickAction::s_classTypeId;
 
-void NkRayPickAction::initClass() {
-  s_classTypeId = NkType::createType(NkAction::getClassTypeId(), "RayPickAction");
-}
+void NkRayPickAction::initClass() { s_classTypeId = NkType::createType(NkAction::getClassTypeId(), "RayPickAction"); }
 
 void NkRayPickAction::exitClass() {
   NkType::removeType("RayPickAction");
@@ -133,7 +131,8 @@ void NkRayPickAction::setRadius(float pixels) { m_radius = pixels > 0 && std::is
 
 // ---- Traversal
 
-template <class Target> void NkRayPickAction::applyAround(Target&& target) {
+template <class Target>
+void NkRayPickAction::applyAround(Target&& target) {
   m_offset = NbVec2f();
   target();
   if (m_radius == 0 || m_source == Source::RAY) return;

@@ -11,8 +11,8 @@
 class NbBox3f;
 
 /// Finds what lies under a point of the viewport, or on a ray. A point of the viewport becomes a ray by the camera that
-/// the traversal has passed; before the first camera nothing is picked. A shape counts once, with its nearest point that
-/// the clip planes leave.
+/// the traversal has passed; before the first camera nothing is picked. A shape counts once, with its nearest point
+/// that the clip planes leave.
 class ARBORA_API NkRayPickAction : public NkAction {
 public:
   explicit NkRayPickAction(const NbViewportRegion& viewport);
@@ -26,8 +26,8 @@ public:
   void setPoint(const NbVec2i32& pixel);
   /// The point to pick at, from (0, 0) at the lower left corner of the viewport to (1, 1).
   void setNormalizedPoint(const NbVec2f& point);
-  /// Picks on a ray in world space, whatever cameras there are, from `nearDistance` to `farDistance` along the direction;
-  /// negative distances mean the start and no end. A direction of length 0 picks nothing.
+  /// Picks on a ray in world space, whatever cameras there are, from `nearDistance` to `farDistance` along the
+  /// direction; negative distances mean the start and no end. A direction of length 0 picks nothing.
   void setRay(const NbVec3f& start, const NbVec3f& direction, float nearDistance = -1.0F, float farDistance = -1.0F);
 
   /// Where nothing lies under the point itself, up to eight points around it at this distance are tried. In pixels; 0,
@@ -92,7 +92,8 @@ private:
     bool isEmpty() const { return !(tMin <= tMax); }
   };
 
-  template <class Target> void applyAround(Target&& target);
+  template <class Target>
+  void applyAround(Target&& target);
   void updateWorldRay() const;
   bool updateLocalRay() const;
   Range keptRange() const;
@@ -102,7 +103,7 @@ private:
   Source m_source = Source::NORMALIZED;
   NbVec2f m_point{0.5F, 0.5F};
   NbVec2i32 m_pixel;
-  NbVec2f m_offset;  // Of the point around the wanted one that is tried, in pixels.
+  NbVec2f m_offset; // Of the point around the wanted one that is tried, in pixels.
   Ray m_givenRay;
   float m_radius = 0.0F;
   bool m_pickAll = false;

@@ -7,7 +7,7 @@ class ARBORA_API NkRotation : public NkTransformation {
   NK_NODE_HEADER(NkRotation);
 
 public:
-  NkSFRotation rotation;  // None.
+  NkSFRotation rotation; // None.
 
   NkRotation();
   NbMatrix getTransformMatrix() const override;

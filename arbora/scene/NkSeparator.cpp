@@ -89,8 +89,8 @@ void NkSeparator::rayPick(NkRayPickAction* action) {
     const NkState& state = *action->getState();
     if (!cached.fits(state))
       NkGetBoundingBoxAction(action->getViewportRegion()).measure(this, state);
-    // A camera inside decides on the ray, so the box tells nothing until there is one.
-    if (cached.fits(state) && !action->hitsBox(cached.box))
+    // A camera inside decides on the ray, so the box tells nothing.
+    if (cached.fits(state) && !(cached.used & NkState::CAMERA) && !action->hitsBox(cached.box))
       return;
   }
   doAction(action);

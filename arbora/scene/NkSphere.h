@@ -7,7 +7,7 @@ class ARBORA_API NkSphere : public NkShape {
   NK_NODE_HEADER(NkSphere);
 
 public:
-  NkSFFloat radius;  // 1.
+  NkSFFloat radius; // 1.
 
   NkSphere();
 
@@ -18,5 +18,5 @@ protected:
   ~NkSphere() override;
 
 private:
-  std::vector<arbora::PlacedMesh> m_meshes;  // Empty: to be made.
+  std::vector<arbora::PlacedMesh> m_meshes; // Empty: to be made.
 };

@@ -35,12 +35,12 @@ struct FontStyle {
 };
 
 /// Clip planes in world space. What lies in the half space of each is kept.
-struct ClipSet {
+struct ARBORA_API ClipSet {
   static constexpr int kMaxPlanes = 8;
   int count = 0;
   std::array<NbPlane, kMaxPlanes> planes;
   bool contains(const NbVec3f& worldPoint) const;
-  friend bool operator==(const ClipSet& a, const ClipSet& b);
+  friend ARBORA_API bool operator==(const ClipSet& a, const ClipSet& b);
 };
 
 struct Light {
@@ -49,11 +49,11 @@ struct Light {
   friend bool operator==(const Light&, const Light&) = default;
 };
 
-struct LightSet {
+struct ARBORA_API LightSet {
   static constexpr int kMaxLights = 8;
   int count = 0;
   std::array<Light, kMaxLights> lights;
-  friend bool operator==(const LightSet& a, const LightSet& b);
+  friend ARBORA_API bool operator==(const LightSet& a, const LightSet& b);
 };
 
 }  // namespace arbora
@@ -79,7 +79,8 @@ struct ARBORA_API NkState {
   unsigned usedInherited = 0;
   unsigned setBelow = 0;
 
-  enum Element : unsigned { FONT = 1, COORDINATES = 2, SWITCH = 4 };
+  /// `CAMERA` is nothing inherited: it tells that a camera stands there, so that a pick ray from outside doesn't count.
+  enum Element : unsigned { FONT = 1, COORDINATES = 2, SWITCH = 4, CAMERA = 8 };
   void markSet(Element element) { setBelow |= element; }
   void markUsed(Element element) {
     if (!(setBelow & element))

@@ -13,12 +13,12 @@ struct CatalogRow {
   bool nullByDefault;
   const char* parentName;
   const char* rightSiblingName;
-  NkType listContainerType;  // Bad for a part that is no list.
+  NkType listContainerType; // Bad for a part that is no list.
   NkType listItemType;
   bool isPublic;
 };
 
-}  // namespace arbora
+} // namespace arbora
 
 // clang-format off
 

@@ -58,7 +58,7 @@ NbString findFile(const NbString& name) {
   return NbString();
 }
 
-}  // namespace
+} // namespace
 
 const arbora::Image& NkTexture2::getImage() {
   if (!m_valid) load();

@@ -14,9 +14,9 @@ public:
   /// Empty: the image of the field `image` is used.
   NkSFFilePathString filename;
   NkSFImage image;
-  NkSFEnum wrapS;  // REPEAT.
-  NkSFEnum wrapT;  // REPEAT.
-  NkSFEnum model;  // MODULATE: the colour of the shape times that of the image.
+  NkSFEnum wrapS; // REPEAT.
+  NkSFEnum wrapT; // REPEAT.
+  NkSFEnum model; // MODULATE: the colour of the shape times that of the image.
 
   NkTexture2();
 

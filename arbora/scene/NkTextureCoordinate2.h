@@ -7,7 +7,7 @@ class ARBORA_API NkTextureCoordinate2 : public NkNode {
   NK_NODE_HEADER(NkTextureCoordinate2);
 
 public:
-  NkMFVec2f point;  // Empty.
+  NkMFVec2f point; // Empty.
 
   NkTextureCoordinate2();
   void doAction(NkAction* action) override;

@@ -7,11 +7,11 @@ class ARBORA_API NkTransform : public NkTransformation {
   NK_NODE_HEADER(NkTransform);
 
 public:
-  NkSFVec3f translation;          // (0, 0, 0).
-  NkSFRotation rotation;          // None.
-  NkSFVec3f scaleFactor;          // (1, 1, 1).
-  NkSFRotation scaleOrientation;  // None.
-  NkSFVec3f center;               // (0, 0, 0).
+  NkSFVec3f translation;         // (0, 0, 0).
+  NkSFRotation rotation;         // None.
+  NkSFVec3f scaleFactor;         // (1, 1, 1).
+  NkSFRotation scaleOrientation; // None.
+  NkSFVec3f center;              // (0, 0, 0).
 
   NkTransform();
 

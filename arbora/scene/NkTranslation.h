@@ -7,7 +7,7 @@ class ARBORA_API NkTranslation : public NkTransformation {
   NK_NODE_HEADER(NkTranslation);
 
 public:
-  NkSFVec3f translation;  // (0, 0, 0).
+  NkSFVec3f translation; // (0, 0, 0).
 
   NkTranslation();
   NbMatrix getTransformMatrix() const override;

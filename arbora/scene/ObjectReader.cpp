@@ -400,6 +400,27 @@ void ObjectReader::resume(const NkFieldData* fields) {
   }
 }
 
+void ObjectReader::skipValue(const NkFieldData* fields) {
+  const int first = m_in.peek();
+  if (first == '[' || first == '(') {
+    const char last = first == '[' ? ']' : ')';
+    while (m_in.peek() >= 0 && m_in.peek() != '}' && !m_in.hasGivenUp()) {
+      if (m_in.take(last))
+        return;
+      m_in.skipToken();
+    }
+    return;
+  }
+  std::string_view name = m_in.peekName();
+  if (!name.empty() && !isNodeAhead(name) && !isField(fields, name)) {
+    m_in.take(name);
+    return;
+  }
+  // Numbers and strings.
+  while (m_in.peekName().empty() && (m_in.peek() == '"' || !m_in.peekWord().empty()) && !m_in.hasGivenUp())
+    m_in.skipToken();
+}
+
 void ObjectReader::reportUnknownField(const NkFieldContainer* container, std::string_view name,
                                       std::size_t position) {
   Suggestion suggestion(name);
@@ -420,7 +441,9 @@ void ObjectReader::skipUnknownField(std::string_view name, std::size_t position)
     reportUnknownField(container, name, position);
   else
     m_in.errorAt(position, "%s is unexpected here", quoted(name).c_str());
-  resume(fields);
+  skipValue(fields);
+  if (m_in.peekName().empty())
+    resume(fields);
   if (fields && !hasChildren)
     fields->read(&m_in, container);
 }

@@ -103,6 +103,8 @@ private:
   void reportUnknownType(std::string_view name, std::size_t position, NkType expected);
   /// Posts a name that is neither a field nor a node, and reads the fields on behind it.
   void skipUnknownField(std::string_view name, std::size_t position);
+  /// Skips what may be the value of an unknown field.
+  void skipValue(const NkFieldData* fields);
   bool isNodeAhead(std::string_view name);
   NkFieldContainer* enclosing() const;
 

@@ -96,4 +96,4 @@ std::vector<Instance> RecordingBackend::getDrawnInstances() const {
   return drawn;
 }
 
-}  // namespace arbora
+} // namespace arbora

@@ -13,7 +13,7 @@ class ARBORA_API RecordingBackend : public RenderBackend {
 public:
   struct Batch {
     BatchDescription description;
-    std::vector<Instance> instances;  // As the card would have them.
+    std::vector<Instance> instances; // As the card would have them.
   };
   struct Draw {
     Handle batch;
@@ -23,8 +23,8 @@ public:
   struct Counts {
     std::size_t createdBatches = 0;
     std::size_t destroyedBatches = 0;
-    std::size_t uploads = 0;        // Ranges of instances and sets.
-    std::size_t uploadedBytes = 0;  // Of instances and sets.
+    std::size_t uploads = 0;       // Ranges of instances and sets.
+    std::size_t uploadedBytes = 0; // Of instances and sets.
     std::size_t draws = 0;
     std::size_t drawnInstances = 0;
     std::size_t frames = 0;
@@ -71,4 +71,4 @@ private:
   std::size_t m_errors = 0;
 };
 
-}  // namespace arbora
+} // namespace arbora

@@ -16,13 +16,13 @@ namespace arbora {
 
 /// One occurrence of a mesh, in the layout that goes to the graphics card.
 struct Instance {
-  float columns[3][4];        // World x, y and z of a local point (x, y, z, 1): one dot product each.
-  std::uint32_t diffuse;      // Colours have red in the lowest byte; here the highest is the opacity.
-  std::uint32_t emissive;     // The highest byte is unused.
-  std::uint32_t specular;     // The highest byte is the shininess.
-  std::uint32_t ambient;      // The highest byte is unused.
-  std::uint32_t clipSet;      // Number of the set of clip planes; 0 has none.
-  std::uint32_t lightSet;     // Number of the set of lights; 0 has none.
+  float columns[3][4];    // World x, y and z of a local point (x, y, z, 1): one dot product each.
+  std::uint32_t diffuse;  // Colours have red in the lowest byte; here the highest is the opacity.
+  std::uint32_t emissive; // The highest byte is unused.
+  std::uint32_t specular; // The highest byte is the shininess.
+  std::uint32_t ambient;  // The highest byte is unused.
+  std::uint32_t clipSet;  // Number of the set of clip planes; 0 has none.
+  std::uint32_t lightSet; // Number of the set of lights; 0 has none.
   friend bool operator==(const Instance&, const Instance&) = default;
 };
 static_assert(sizeof(Instance) == 72);
@@ -35,17 +35,17 @@ constexpr std::size_t kLightSetTexels = 16;
 /// The pixels of a texture. `id` is unique for the process: equal ids have equal pixels.
 struct Texture {
   std::uint64_t id = 0;
-  const Image* image = nullptr;  // Valid during the call.
+  const Image* image = nullptr; // Valid during the call.
   bool repeatS = true;
   bool repeatT = true;
 };
 
 /// What one call draws: a mesh in many places, with what must be the same for all of them.
 struct BatchDescription {
-  const Mesh* mesh = nullptr;  // Valid as long as the batch.
-  Texture texture;             // With id 0: none.
+  const Mesh* mesh = nullptr; // Valid as long as the batch.
+  Texture texture;            // With id 0: none.
   bool transparent = false;
-  bool clipped = false;  // Some instance has a clip set.
+  bool clipped = false; // Some instance has a clip set.
 };
 
 /// What holds for all that is drawn in a frame.
@@ -63,7 +63,7 @@ struct Frame {
 
 /// Where a draw list sends what it draws. Handles are given by the back end and are never 0.
 class ARBORA_API RenderBackend {
- public:
+public:
   using Handle = std::uint32_t;
   enum SetKind { CLIP_SETS = 0, LIGHT_SETS = 1 };
   struct Range {
@@ -93,4 +93,4 @@ class ARBORA_API RenderBackend {
   virtual void endFrame() = 0;
 };
 
-}  // namespace arbora
+} // namespace arbora

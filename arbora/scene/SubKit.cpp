@@ -12,11 +12,10 @@ void exitKitClass(const KitClass& kit) {
 }
 
 void NodeConstruction::makeCatalog(const KitClass& kit) {
-  if (!isFirst())
-    return;
+  if (!isFirst()) return;
   delete kit.catalog;
   const NkNodekitCatalog* parent = kit.parentCatalogPtr ? *kit.parentCatalogPtr : nullptr;
   kit.catalog = (parent ? *parent : NkNodekitCatalog()).clone(m_class.classTypeId);
 }
 
-}  // namespace arbora
+} // namespace arbora

@@ -17,10 +17,10 @@ public:
 
 private:
   struct Step {
-    NkNode* node;  // May be gone: not to be looked into before it was found in a node that exists.
+    NkNode* node; // May be gone: not to be looked into before it was found in a node that exists.
     int index;
   };
   std::vector<Step> m_steps;
 };
 
-}  // namespace arbora
+} // namespace arbora

@@ -571,3 +571,20 @@ TEST_F(DrawLists, DeepScenesAreUpdatedFromTheTop) {
   for (int i = 1; i <= 50; ++i) expected.push_back(static_cast<float>(i));
   EXPECT_EQ(sortedPlaces(), expected);
 }
+
+TEST_F(DrawLists, ASceneOfThousandsOfLevelsIsDrawnAndFreed) {
+  Ref<NkSeparator> root(new NkSeparator);
+  NkSeparator* parent = root.get();
+  for (int i = 0; i < NkAction::kMaxDepth - 2; ++i) {
+    auto* level = new NkSeparator;
+    parent->addChild(level);
+    parent = level;
+  }
+  auto* cube = new NkCube;
+  parent->addChild(cube);
+  EXPECT_EQ(draw(root.get()).drawnInstances, 1);
+  parent->removeChild(cube);
+  EXPECT_EQ(draw(root.get()).compiledSegments, 1);
+  root->removeAllChildren();
+  EXPECT_EQ(draw(root.get()).compiledSegments, 1);
+}

@@ -47,8 +47,7 @@ protected:
   void note(char phase, NkDragger* caller) {
     log += phase;
     lastCaller = caller;
-    if (inCallback)
-      inCallback(phase, caller);
+    if (inCallback) inCallback(phase, caller);
   }
 
   void send(NkEvent& event, int x = 50, int y = 50) {
@@ -71,8 +70,8 @@ protected:
     send(event, x, y);
   }
   static void expectNear(const NbVec3f& a, const NbVec3f& b) {
-    EXPECT_TRUE(a.equals(b, 1e-3f)) << a[0] << ' ' << a[1] << ' ' << a[2] << " instead of " << b[0] << ' ' << b[1] << ' '
-                                    << b[2];
+    EXPECT_TRUE(a.equals(b, 1e-3f)) << a[0] << ' ' << a[1] << ' ' << a[2] << " instead of " << b[0] << ' ' << b[1]
+                                    << ' ' << b[2];
   }
 
   std::unique_ptr<NkHandleEventAction> action;
@@ -85,7 +84,7 @@ protected:
   std::function<void(char, NkDragger*)> inCallback;
 };
 
-}  // namespace
+} // namespace
 
 // The course of a drag
 
@@ -208,10 +207,11 @@ TEST_F(Draggers, TheStateOfADrag) {
     EXPECT_TRUE(d->getStartLocaterPosition().equals(NbVec2f(0.55f, 0.5f), 1e-5f));
     EXPECT_EQ(d->getViewportSize(), NbVec2i32(100, 100));
     EXPECT_EQ(d->getViewVolume().getProjectionType(), NbViewVolume::ORTHOGRAPHIC);
-    if (phase == 's')
+    if (phase == 's') {
       EXPECT_TRUE(NkViewVolumeElement::isSet(action->getState()));
-    if (phase == 'm')
+    } else {
       EXPECT_TRUE(d->getNormalizedLocaterPosition().equals(NbVec2f(0.6f, 0.7f), 1e-5f));
+    }
     EXPECT_EQ(d->isActive.getValue(), phase != 'f');
   };
   press(55, 50);
@@ -269,8 +269,7 @@ TEST_F(Draggers, MotionInATiltedSpaceSeenInPerspective) {
   place->rotation.setValue(NbVec3f(1, 0, 0), -0.5f);
   NbVec3f pressed;
   inCallback = [&](char phase, NkDragger* d) {
-    if (phase == 's')
-      pressed = d->getWorldStartingPoint();
+    if (phase == 's') pressed = d->getWorldStartingPoint();
   };
   press(50, 50);
   move(58, 57);
@@ -393,7 +392,7 @@ protected:
 };
 NK_KIT_SOURCE(SurrogateDragger, NkDragger, "SurrogateDragger");
 
-}  // namespace
+} // namespace
 
 TEST_F(Draggers, ASurrogateGrabsForItsDragger) {
   SurrogateDragger::initClass();
@@ -474,8 +473,7 @@ TEST_F(Draggers, ADraggerCanGoInEachCallback) {
     parent->removeAllChildren();
     parent->addChild(makeDragger());
     inCallback = [&](char phase, NkDragger*) {
-      if (phase == when)
-        parent->removeAllChildren();
+      if (phase == when) parent->removeAllChildren();
     };
     press();
     move(60, 50);
@@ -490,8 +488,7 @@ TEST_F(Draggers, ADraggerCanGoInEachCallback) {
 
 TEST_F(Draggers, AWholeSceneCanGoInACallback) {
   inCallback = [&](char phase, NkDragger*) {
-    if (phase == 'm')
-      root = {};
+    if (phase == 'm') root = {};
   };
   press();
   move(60, 50);
@@ -545,8 +542,7 @@ TEST_F(Draggers, TheActionMayGoInTheMiddleOfADrag) {
 
 TEST_F(Draggers, ACallbackMayLetThePointerGo) {
   inCallback = [&](char phase, NkDragger*) {
-    if (phase == 'm')
-      action->releaseGrabber();
+    if (phase == 'm') action->releaseGrabber();
   };
   dragger->addMotionCallback([](void*, NkDragger*) { ADD_FAILURE() << "the drag is over"; });
   press();

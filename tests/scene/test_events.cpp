@@ -26,7 +26,7 @@ NkKeyboardEvent key(int code, NkButtonEvent::State state = NkButtonEvent::DOWN) 
 
 /// A scene that gets keys, and what the callbacks saw.
 class Events : public SceneTest {
-protected:
+public:
   Events() : action(NbViewportRegion(100, 100)), root(new NkSeparator) {}
 
   NkEventCallback* addCallback(NkGroup* parent, NkEventCallbackCB* function = count) {
@@ -53,7 +53,7 @@ protected:
   int calls = 0;
 };
 
-}  // namespace
+} // namespace
 
 // Keys
 
@@ -203,10 +203,13 @@ TEST_F(Events, CallbacksMayRemoveAndAddCallbacks) {
   auto* node = new NkEventCallback;
   root->addChild(node);
   const NkType type = NkKeyboardEvent::getClassTypeId();
-  node->addEventCallback(type, [](void* data, NkEventCallback* callback) {
-    callback->removeEventCallback(NkKeyboardEvent::getClassTypeId(), count, data);
-    callback->addEventCallback(NkKeyboardEvent::getClassTypeId(), handle, data);
-  }, this);
+  node->addEventCallback(
+      type,
+      [](void* data, NkEventCallback* callback) {
+        callback->removeEventCallback(NkKeyboardEvent::getClassTypeId(), count, data);
+        callback->addEventCallback(NkKeyboardEvent::getClassTypeId(), handle, data);
+      },
+      this);
   node->addEventCallback(type, count, this);
   press();
   EXPECT_EQ(calls, 0);
@@ -242,11 +245,10 @@ TEST_F(Events, TheGrabberGetsEventsFirstAndOnce) {
   press();
   EXPECT_EQ(calls, 22);
   static_cast<NkEventCallback*>(action.getGrabber())
-      ->addEventCallback(NkKeyboardEvent::getClassTypeId(),
-                         [](void*, NkEventCallback* callback) {
-                           callback->setHandled();
-                           callback->releaseEvents();
-                         });
+      ->addEventCallback(NkKeyboardEvent::getClassTypeId(), [](void*, NkEventCallback* callback) {
+        callback->setHandled();
+        callback->releaseEvents();
+      });
   press();
   EXPECT_EQ(calls, 32);
   EXPECT_EQ(action.getGrabber(), nullptr);
@@ -264,8 +266,7 @@ TEST_F(Events, AGrabberThatGoesIsForgotten) {
 TEST_F(Events, EventsFromInsideACallbackAreDropped) {
   addCallback(root.get(), [](void* data, NkEventCallback*) {
     auto* test = static_cast<Events*>(data);
-    if (++test->calls < 5)
-      test->action.apply(test->root.get());
+    if (++test->calls < 5) test->action.apply(test->root.get());
   });
   press();
   EXPECT_EQ(calls, 1);
@@ -288,21 +289,24 @@ TEST_F(Events, WithoutAnEventOrARootNothingHappens) {
 // Picking
 
 class EventPicking : public Events {
-protected:
+public:
   EventPicking() {
     auto* camera = new NkOrthographicCamera;
     camera->position.setValue(0, 0, 5);
     camera->height = 10;
     root->addChild(camera);
     node = new NkEventCallback;
-    node->addEventCallback(NkEvent::getClassTypeId(), [](void* data, NkEventCallback* callback) {
-      auto* test = static_cast<EventPicking*>(data);
-      const NkPickedPoint* point = callback->getPickedPoint();
-      test->picked = point ? point->getPath()->full()->getTail() : nullptr;
-      EXPECT_EQ(callback->getPickedPoint(), point);
-      test->pickedCount = static_cast<int>(callback->getAction()->getPickedPointList().size());
-      EXPECT_EQ(callback->getPickedPoint(), point);
-    }, this);
+    node->addEventCallback(
+        NkEvent::getClassTypeId(),
+        [](void* data, NkEventCallback* callback) {
+          auto* test = static_cast<EventPicking*>(data);
+          const NkPickedPoint* point = callback->getPickedPoint();
+          test->picked = point ? point->getPath()->full()->getTail() : nullptr;
+          EXPECT_EQ(callback->getPickedPoint(), point);
+          test->pickedCount = static_cast<int>(callback->getAction()->getPickedPointList().size());
+          EXPECT_EQ(callback->getPickedPoint(), point);
+        },
+        this);
     root->addChild(node);
     near = new NkCube;
     far = new NkCube;

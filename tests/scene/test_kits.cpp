@@ -28,13 +28,13 @@ class SampleKit : public NkInteractionKit {
 
 public:
   NkSFInt32 number;
-  NkSFNode choice;      // private switch under geomSeparator
-  NkSFNode frameGroup;  // public group in it
-  NkSFNode frame;       // public group in that
-  NkSFNode label;       // public, ahead of choice
-  NkSFNode shape;       // public, any node, a cube by default
-  NkSFNode inner;       // public kit
-  NkSFNode entries;     // public list of transforms
+  NkSFNode choice;     // private switch under geomSeparator
+  NkSFNode frameGroup; // public group in it
+  NkSFNode frame;      // public group in that
+  NkSFNode label;      // public, ahead of choice
+  NkSFNode shape;      // public, any node, a cube by default
+  NkSFNode inner;      // public kit
+  NkSFNode entries;    // public list of transforms
 
   SampleKit() {
     NK_KIT_CONSTRUCTOR(SampleKit);
@@ -120,7 +120,7 @@ protected:
   NkNodekitCatalog catalog;
 };
 
-}  // namespace
+} // namespace
 
 // The catalog
 
@@ -314,7 +314,8 @@ TEST_F(Kits, PrivatePartsAreNotForEveryone) {
 
 TEST_F(Kits, NamesOfNoPartArePosted) {
   const Ref<SampleKit> kit(new SampleKit);
-  for (const char* name : {"nothing", "", "label[0]", "entries[", "entries[x]", "entries[-1]", "label.", "entries[0]x"}) {
+  for (const char* name :
+       {"nothing", "", "label[0]", "entries[", "entries[x]", "entries[-1]", "label.", "entries[0]x"}) {
     expectMessage(std::string("\"") + name + "\" is no part of a SampleKit");
     EXPECT_EQ(kit->getPart(name, false), nullptr) << name;
   }
@@ -391,8 +392,7 @@ TEST_F(Kits, ASensorOnAHolderMayChangeTheKit) {
   NkFieldSensor sensor(
       [](void* data, NkSensor*) {
         auto* changed = static_cast<SampleKit*>(data);
-        if (!changed->label.getValue())
-          changed->getPart("label", true);
+        if (!changed->label.getValue()) changed->getPart("label", true);
       },
       kit.get());
   sensor.setPriority(0);
@@ -608,6 +608,11 @@ TEST_F(Kits, ReadsItsPartsAndWritesThemBack) {
     EXPECT_EQ(dragger->translation.getValue(), NbVec3f(1, 2, 3));
     EXPECT_TRUE(dragger->getPart("geometry", false)->isOfType(NkCube::getClassTypeId()));
   }
+}
+
+TEST_F(Kits, ANodeOfAnotherTypeInAFileIsAnErrorInTheFile) {
+  expectMessage("<buffer>:2:8: error: a node of type Cube can't be the value of the field 'label'");
+  EXPECT_FALSE(read("SampleKit {\n label Cube { } number 3 }"));
 }
 
 TEST_F(Kits, APartThatStandsInItsParentsTextIsRecognised) {

@@ -59,14 +59,18 @@ struct StateBehind {
 };
 
 /// A group of nodes with a cube at its end.
-template <class... Nodes> Ref<NkGroup> sceneOf(Nodes*... nodes) {
+template <class... Nodes>
+Ref<NkGroup> sceneOf(Nodes*... nodes) {
   Ref<NkGroup> group(new NkGroup);
   (group->addChild(nodes), ...);
   group->addChild(new NkCube);
   return group;
 }
 
-template <class... Nodes> NkState stateBehind(Nodes*... nodes) { return *StateBehind(sceneOf(nodes...).get()).state; }
+template <class... Nodes>
+NkState stateBehind(Nodes*... nodes) {
+  return *StateBehind(sceneOf(nodes...).get()).state;
+}
 
 NbVec3f moved(const NbMatrix& matrix, const NbVec3f& point) {
   NbVec3f result;
@@ -74,7 +78,7 @@ NbVec3f moved(const NbMatrix& matrix, const NbVec3f& point) {
   return result;
 }
 
-}  // namespace
+} // namespace
 
 // ---- Properties
 
@@ -177,8 +181,8 @@ TEST_F(Properties, AClipPlaneGoesToWorldSpace) {
   move->translation.setValue(3, 0, 0);
   const NkState state = stateBehind(move, new NkClipPlane);
   ASSERT_EQ(state.clip.count, 1);
-  EXPECT_TRUE(state.clip.contains(NbVec3f(3.1F, 0, 0)));
-  EXPECT_FALSE(state.clip.contains(NbVec3f(2.9F, 0, 0)));
+  EXPECT_TRUE(state.clip.planes[0].isInHalfSpace(NbVec3f(3.1F, 0, 0)));
+  EXPECT_FALSE(state.clip.planes[0].isInHalfSpace(NbVec3f(2.9F, 0, 0)));
 }
 
 TEST_F(Properties, AClipPlaneThatIsOffDoesNothing) {
@@ -470,7 +474,8 @@ TEST_F(Cameras, BadValuesGiveAUsableViewVolume) {
     orthographic->height = bad;
     orthographic->farDistance = bad;
     orthographic->aspectRatio = bad;
-    for (const NkCamera* camera : {static_cast<NkCamera*>(perspective.get()), static_cast<NkCamera*>(orthographic.get())}) {
+    for (const NkCamera* camera :
+         {static_cast<NkCamera*>(perspective.get()), static_cast<NkCamera*>(orthographic.get())}) {
       const NbMatrix matrix = camera->getViewVolume().getMatrix();
       for (int i = 0; i < 16; ++i) EXPECT_TRUE(std::isfinite(matrix.getValue()[i])) << bad;
     }
@@ -485,9 +490,12 @@ namespace {
 
 // A PNG of 2 by 2 RGB pixels: above red, green; below blue, white.
 constexpr unsigned char kPng[] = {
-    0x89, 0x50, 0x4e, 0x47, 0x0d, 0x0a, 0x1a, 0x0a, 0x00, 0x00, 0x00, 0x0d, 0x49, 0x48, 0x44, 0x52, 0x00, 0x00, 0x00, 0x02, 0x00, 0x00, 0x00, 0x02, 0x08, 0x02, 0x00, 0x00, 0x00, 0xfd, 0xd4, 0x9a, 0x73, 0x00, 0x00, 0x00, 0x12, 0x49, 0x44, 0x41, 0x54, 0x78, 0xda, 0x63, 0xf8, 0xcf, 0xc0, 0xc0, 0x00, 0xc2, 0x0c, 0xff, 0x81, 0x00, 0x00, 0x1f, 0xee, 0x05, 0xfb, 0xf1, 0xab, 0xba, 0x77, 0x00, 0x00, 0x00, 0x00, 0x49, 0x45, 0x4e, 0x44, 0xae, 0x42, 0x60, 0x82};
+    0x89, 0x50, 0x4e, 0x47, 0x0d, 0x0a, 0x1a, 0x0a, 0x00, 0x00, 0x00, 0x0d, 0x49, 0x48, 0x44, 0x52, 0x00, 0x00, 0x00,
+    0x02, 0x00, 0x00, 0x00, 0x02, 0x08, 0x02, 0x00, 0x00, 0x00, 0xfd, 0xd4, 0x9a, 0x73, 0x00, 0x00, 0x00, 0x12, 0x49,
+    0x44, 0x41, 0x54, 0x78, 0xda, 0x63, 0xf8, 0xcf, 0xc0, 0xc0, 0x00, 0xc2, 0x0c, 0xff, 0x81, 0x00, 0x00, 0x1f, 0xee,
+    0x05, 0xfb, 0xf1, 0xab, 0xba, 0x77, 0x00, 0x00, 0x00, 0x00, 0x49, 0x45, 0x4e, 0x44, 0xae, 0x42, 0x60, 0x82};
 
-}  // namespace
+} // namespace
 
 TEST_F(Textures, AnImageInTheFieldIsShown) {
   const Ref<NkTexture2> texture(new NkTexture2);

@@ -32,7 +32,9 @@ public:
     apply(root);
   }
   bool hit() const { return getPickedPointsListLength() > 0; }
-  float z() const { return getPickedPoint() ? getPickedPoint()->getPoint()[2] : std::numeric_limits<float>::quiet_NaN(); }
+  float z() const {
+    return getPickedPoint() ? getPickedPoint()->getPoint()[2] : std::numeric_limits<float>::quiet_NaN();
+  }
 };
 
 class TestDetail : public NkDetail {
@@ -49,7 +51,7 @@ int TestDetail::s_count = 0;
 
 using Picking = SceneTest;
 
-}  // namespace
+} // namespace
 
 // ---- Rays and shapes
 
@@ -141,7 +143,8 @@ TEST_F(Picking, MirroredShapesAreHitFlatSpacesAreNot) {
 }
 
 TEST_F(Picking, SmallAndFarShapesAreHit) {
-  const Ref<NkSeparator> scene = read("Translation { translation 1000 0 0 } Scale { scaleFactor 1e-4 1e-4 1e-4 } Cube { }");
+  const Ref<NkSeparator> scene =
+      read("Translation { translation 1000 0 0 } Scale { scaleFactor 1e-4 1e-4 1e-4 } Cube { }");
   ASSERT_TRUE(scene);
   EXPECT_TRUE(Pick(scene.get(), 1000, 0).hit());
 }
@@ -181,8 +184,8 @@ TEST_F(Picking, NothingIsPickedAheadOfACamera) {
 
 TEST_F(Picking, APixelIsPickedByTheCamera) {
   // 10 by 10 units on 100 by 100 pixels.
-  const Ref<NkSeparator> scene = read(
-      "OrthographicCamera { position 0 0 5 height 10 } Separator { Translation { translation 2 3 0 } Cube { width 1 height 1 } }");
+  const Ref<NkSeparator> scene = read("OrthographicCamera { position 0 0 5 height 10 } Separator { Translation { "
+                                      "translation 2 3 0 } Cube { width 1 height 1 } }");
   ASSERT_TRUE(scene);
   NkRayPickAction pick(kViewport);
   const auto hits = [&](int x, int y) {
@@ -232,8 +235,8 @@ TEST_F(Picking, ANormalizedPointInAPerspective) {
 }
 
 TEST_F(Picking, WhatLiesOutsideTheNearAndFarPlanesIsNotPicked) {
-  const Ref<NkSeparator> scene =
-      read("OrthographicCamera { position 0 0 5 nearDistance 1 farDistance 3 } Cube { } Translation { translation 0 0 4 } Cube { depth 1 }");
+  const Ref<NkSeparator> scene = read("OrthographicCamera { position 0 0 5 nearDistance 1 farDistance 3 } Cube { } "
+                                      "Translation { translation 0 0 4 } Cube { depth 1 }");
   ASSERT_TRUE(scene);
   NkRayPickAction pick(kViewport);
   pick.setPoint(NbVec2i32(50, 50));
@@ -244,10 +247,10 @@ TEST_F(Picking, WhatLiesOutsideTheNearAndFarPlanesIsNotPicked) {
 }
 
 TEST_F(Picking, ASecondCameraRulesBehindIt) {
-  const Ref<NkSeparator> scene = read(
-      "OrthographicCamera { position 0 0 5 height 10 } "
-      "Separator { OrthographicCamera { position 100 0 5 height 2 } Separator { Translation { translation 100 0 0 } Cube { } } } "
-      "Separator { Translation { translation 4 4 0 } Cube { width 1 height 1 } }");
+  const Ref<NkSeparator> scene = read("OrthographicCamera { position 0 0 5 height 10 } "
+                                      "Separator { OrthographicCamera { position 100 0 5 height 2 } Separator { "
+                                      "Translation { translation 100 0 0 } Cube { } } } "
+                                      "Separator { Translation { translation 4 4 0 } Cube { width 1 height 1 } }");
   ASSERT_TRUE(scene);
   NkRayPickAction pick(kViewport);
   pick.setPickAll(true);
@@ -280,8 +283,8 @@ TEST_F(Picking, ARadiusFindsWhatIsNearThePoint) {
 // ---- Order
 
 TEST_F(Picking, TheNearestIsKeptOrAllInOrder) {
-  const Ref<NkSeparator> scene = read(
-      "Separator { Cube { } } Separator { Translation { translation 0 0 10 } Cube { } } Separator { Translation { translation 0 0 -10 } Cube { } }");
+  const Ref<NkSeparator> scene = read("Separator { Cube { } } Separator { Translation { translation 0 0 10 } Cube { } "
+                                      "} Separator { Translation { translation 0 0 -10 } Cube { } }");
   ASSERT_TRUE(scene);
   EXPECT_NEAR(Pick(scene.get()).z(), 11, 1e-4);
   EXPECT_EQ(Pick(scene.get()).getPickedPointsListLength(), 1);
@@ -354,7 +357,7 @@ TEST_F(Picking, ABoxTellsTheFaceThatWasHit) {
   NkRayPickAction pick(kViewport);
   struct {
     NbVec3f start, normal;
-  } const cases[] = {{{9, 0.3F, 0.2F}, {1, 0, 0}},  {{-9, 0.3F, 0.2F}, {-1, 0, 0}}, {{0.1F, 9, 0.2F}, {0, 1, 0}},
+  } const cases[] = {{{9, 0.3F, 0.2F}, {1, 0, 0}},   {{-9, 0.3F, 0.2F}, {-1, 0, 0}}, {{0.1F, 9, 0.2F}, {0, 1, 0}},
                      {{0.1F, -9, 0.2F}, {0, -1, 0}}, {{0.1F, 0.2F, 9}, {0, 0, 1}},   {{0.1F, 0.2F, -9}, {0, 0, -1}}};
   for (const auto& test : cases) {
     pick.setRay(test.start, -test.normal);
@@ -433,12 +436,17 @@ public:
   bool hasRay = false, hitsNearBox = false, hitsFarBox = false;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(Picking, NodesSeeTheRayInTheirSpace) {
-  const Ref<NkSeparator> scene = read("Scale { scaleFactor 2 2 4 } Translation { translation 1 0 0 }");
-  ASSERT_TRUE(scene);
+  const Ref<NkGroup> scene(new NkGroup);
+  auto* scale = new NkScale;
+  scale->scaleFactor.setValue(2, 2, 4);
+  auto* move = new NkTranslation;
+  move->translation.setValue(1, 0, 0);
   auto* picker = new Picker;
+  scene->addChild(scale);
+  scene->addChild(move);
   scene->addChild(picker);
   Pick(scene.get(), 2, 0);
   EXPECT_TRUE(picker->hasRay);

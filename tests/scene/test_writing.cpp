@@ -308,7 +308,7 @@ TEST_F(Writing, RotationsAndPlanesComeBackExactly) {
   std::mt19937 random(2);
   std::normal_distribution<float> number;
   const Ref<NkEveryField> node(new NkEveryField);
-  for (int i = 0; i < 2000; ++i) {
+  for (int i = 0; i < 20000; ++i) {
     const NbRotation rotation(number(random), number(random), number(random), number(random));
     const NbPlane plane(NbVec3f(number(random), number(random), number(random)), number(random));
     node->sfRotation = rotation;

@@ -181,7 +181,10 @@ GlyphFace& getGlyphFace(const NbName& face) {
   return *entry;
 }
 
-void clearGlyphCache() { faces().clear(); }
+void clearGlyphCache() {
+  faces().clear();
+  releaseSystemFonts();
+}
 
 void setFaceOpener(FaceOpener opener) {
   s_opener = opener;

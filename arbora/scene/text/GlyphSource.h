@@ -71,6 +71,9 @@ GenericFamily getGenericFamily(const NbName& face);
 /// Opens a face by the name of its family, a generic family, or its full name with the style ("DejaVu Sans Bold").
 ARBORA_API OpenedFace openSystemFace(const NbName& face);
 
+/// Frees what is kept of the system's fonts beside the open faces, until it is needed again.
+void releaseSystemFonts();
+
 /// What a user does to get a font that is missing on this system.
 const char* getFontInstallHint();
 

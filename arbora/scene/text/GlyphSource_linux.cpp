@@ -121,12 +121,20 @@ private:
   float m_scale; // font units to ems
 };
 
-Pattern makePattern(const char* family) {
+/// What is asked of fontconfig for a family, with the substitutions of its configuration.
+Pattern askFor(FcConfig* config, const char* family) {
   Pattern pattern(FcPatternCreate());
   FcPatternAddString(pattern.get(), FC_FAMILY, bytes(family));
   FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
   FcPatternAddBool(pattern.get(), FC_OUTLINE, FcTrue);
+  FcConfigSubstitute(config, pattern.get(), FcMatchPattern);
+  FcDefaultSubstitute(pattern.get());
   return pattern;
+}
+
+Pattern findMatch(FcConfig* config, const Pattern& asked) {
+  FcResult result;
+  return Pattern(FcFontMatch(config, asked.get(), &result));
 }
 
 } // namespace
@@ -162,11 +170,8 @@ FontSystem::Match FontSystem::findFace(const NbName& face) const {
   if (!m_config || !m_freeType) return match;
   const bool generic = getGenericFamily(face) != GenericFamily::NONE;
   const char* name = !face ? "sans-serif" : face.getString();
-  const Pattern asked = makePattern(name);
-  FcConfigSubstitute(m_config, asked.get(), FcMatchPattern);
-  FcDefaultSubstitute(asked.get());
-  FcResult result;
-  Pattern found(FcFontMatch(m_config, asked.get(), &result));
+  const Pattern asked = askFor(m_config, name);
+  Pattern found = findMatch(m_config, asked);
   match.isAsAsked = generic || (found && isSameFamily(asked.get(), found.get()));
   if (!match.isAsAsked) {
     if (Pattern byFullName = findByFullName(m_config, bytes(name))) {
@@ -174,10 +179,7 @@ FontSystem::Match FontSystem::findFace(const NbName& face) const {
       match.isAsAsked = true;
     } else {
       // Not what resembles the name, but the same face for all that are missing.
-      const Pattern fallback = makePattern("sans-serif");
-      FcConfigSubstitute(m_config, fallback.get(), FcMatchPattern);
-      FcDefaultSubstitute(fallback.get());
-      found.reset(FcFontMatch(m_config, fallback.get(), &result));
+      found = findMatch(m_config, askFor(m_config, "sans-serif"));
     }
   }
   FcChar8* file = nullptr;
@@ -188,7 +190,9 @@ FontSystem::Match FontSystem::findFace(const NbName& face) const {
   FcPatternGetString(found.get(), FC_FAMILY, 0, &family);
   FT_Face opened = nullptr;
   if (FT_New_Face(m_freeType, reinterpret_cast<const char*>(file), index, &opened) != 0) return match;
-  match.face.reset(opened);
+  FreeTypeFace owner(opened);
+  if (!FT_IS_SCALABLE(opened) || opened->units_per_EM == 0) return match;
+  match.face = std::move(owner);
   match.family = family ? reinterpret_cast<const char*>(family) : "";
   return match;
 }
@@ -199,8 +203,7 @@ OpenedFace openSystemFace(const NbName& face) {
   OpenedFace opened;
   opened.isAsAsked = match.isAsAsked;
   opened.family = match.family;
-  if (match.face && FT_IS_SCALABLE(match.face.get()) && match.face->units_per_EM > 0)
-    opened.source = std::make_unique<FreeTypeGlyphs>(std::move(system), std::move(match.face));
+  if (match.face) opened.source = std::make_unique<FreeTypeGlyphs>(std::move(system), std::move(match.face));
   return opened;
 }
 

@@ -305,6 +305,8 @@ OpenedFace openSystemFace(const NbName& face) {
   return opened;
 }
 
+void releaseSystemFonts() {} // Windows keeps them itself.
+
 const char* getFontInstallHint() { return "Install the font (Settings, Fonts)"; }
 
 } // namespace arbora

@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "arbora/scene/text/FontSystem_linux.h"
+#include "arbora/scene/text/GlyphSource.h"
 
 namespace arbora {
 
@@ -51,14 +52,17 @@ private:
   std::unordered_map<FT_ULong, int> m_advances;
 };
 
+std::unique_ptr<GuiFont> s_font; // Made at the first measuring.
+
 } // namespace
 
 PixelExtent measureGuiText(const wchar_t* text, int length) {
-  // Kept to the end of the program: dialogs measure text all the time.
-  static auto* const s_font = new GuiFont;
+  if (!s_font) s_font = std::make_unique<GuiFont>();
   PixelExtent extent{0, s_font->getHeight()};
   for (int i = 0; i < length; ++i) extent.width += s_font->getAdvance(static_cast<FT_ULong>(text[i]));
   return extent;
 }
+
+void releaseSystemFonts() { s_font = nullptr; }
 
 } // namespace arbora

@@ -78,4 +78,4 @@ void pickFlat(benchmark::State& state) {
 }
 BENCHMARK(pickFlat)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 
-}  // namespace
+} // namespace

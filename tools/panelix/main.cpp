@@ -1,0 +1,123 @@
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "arbora/scene/NkDB.h"
+#include "arbora/scene/NkInteraction.h"
+#include "arbora/scene/NkNodeKit.h"
+#include "tools/panelix/Arguments.h"
+#include "tools/panelix/Commands.h"
+
+namespace {
+
+constexpr int kLargestSize = 16384;
+
+/// The classes of the scenes, for as long as it lives.
+struct Library {
+  Library() {
+    NkDB::init();
+    NkNodeKit::init();
+    NkInteraction::init();
+  }
+  ~Library() {
+    NkInteraction::finish();
+    NkNodeKit::finish();
+    NkDB::finish();
+  }
+  Library(const Library&) = delete;
+  Library& operator=(const Library&) = delete;
+};
+
+/// Numbers with a separator between them, and nothing else.
+template <class Number, std::size_t count>
+bool parseNumbers(std::string_view text, char separator, std::array<Number, count>& numbers) {
+  for (std::size_t i = 0; i < count; ++i) {
+    if (i > 0) {
+      if (text.empty() || text.front() != separator) return false;
+      text.remove_prefix(1);
+    }
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), numbers[i]);
+    if (error != std::errc()) return false;
+    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  }
+  return text.empty();
+}
+
+void addSizeOption(CLI::App& command, NbVec2i32& size) {
+  const auto parse = [&size](const std::string& text) {
+    std::array<int, 2> numbers{};
+    const auto isGood = [](int number) { return number >= 1 && number <= kLargestSize; };
+    if (!parseNumbers(text, 'x', numbers) || !std::all_of(numbers.begin(), numbers.end(), isGood)) {
+      throw CLI::ValidationError("--size", "'" + text + "' is no size such as 640x480, each from 1 to " +
+                                             std::to_string(kLargestSize));
+    }
+    size.setValue(numbers[0], numbers[1]);
+  };
+  command.add_option_function<std::string>("--size", parse, "Width and height in pixels (640x480)")->type_name("WxH");
+}
+
+void addBackgroundOption(CLI::App& command, NbColor& color) {
+  const auto parse = [&color](const std::string& text) {
+    std::array<float, 3> numbers{};
+    const auto isGood = [](float number) { return number >= 0 && number <= 1; };
+    if (!parseNumbers(text, ',', numbers) || !std::all_of(numbers.begin(), numbers.end(), isGood)) {
+      throw CLI::ValidationError("--background", "'" + text + "' is no colour such as 1,0.5,0, each from 0 to 1");
+    }
+    color = NbColor(numbers[0], numbers[1], numbers[2]);
+  };
+  command.add_option_function<std::string>("--background", parse, "Colour behind the scene, each from 0 to 1 (0,0,0)")
+    ->type_name("R,G,B");
+}
+
+int run(std::vector<std::string> arguments) {
+  CLI::App app("Draws, shows and checks Arbora scenes.", "panelix");
+  app.set_version_flag("--version", std::string("panelix ") + PANELIX_VERSION + " (" + NkDB::getVersion() + ")");
+  app.require_subcommand(1);
+  app.footer("Exit codes: 0 good; 1 findings, or a file that failed; 2 wrong usage, no display or no OpenGL.");
+
+  panelix::RenderOptions render;
+  CLI::App* const renderCommand = app.add_subcommand("render", "Draws a scene into a PNG file; needs no display");
+  renderCommand->add_option("FILE", render.file, "The scene")->required();
+  renderCommand->add_option("-o,--output", render.output, "The picture")->required()->type_name("OUT.png");
+  addSizeOption(*renderCommand, render.size);
+  addBackgroundOption(*renderCommand, render.background);
+
+  panelix::ShowOptions show;
+  CLI::App* const showCommand = app.add_subcommand("show", "Opens a scene in a window and prints what is dragged");
+  showCommand->add_option("FILE", show.file, "The scene")->required();
+  addSizeOption(*showCommand, show.size);
+
+  panelix::CheckOptions check;
+  std::string format = "text";
+  CLI::App* const checkCommand = app.add_subcommand("check", "Reads scenes and reports what is wrong in them");
+  checkCommand->add_option("FILE", check.files, "The scenes")->required();
+  checkCommand->add_flag("--strict", check.strict, "Warnings count as errors do");
+  checkCommand->add_option("--format", format, "Form of the report: text, on standard error, or json, on standard output")
+    ->check(CLI::IsMember({"text", "json"}))
+    ->type_name("FORMAT");
+
+  try {
+    // The parser takes them from the back.
+    std::reverse(arguments.begin(), arguments.end());
+    app.parse(std::move(arguments));
+  } catch (const CLI::ParseError& result) {
+    // Help and version come this way, too.
+    return app.exit(result) == 0 ? panelix::GOOD : panelix::UNUSABLE;
+  }
+  check.json = format == "json";
+
+  const Library library;
+  if (renderCommand->parsed()) return panelix::render(render);
+  if (showCommand->parsed()) return panelix::show(show);
+  return panelix::check(check);
+}
+
+} // namespace
+
+int main(int argc, char** argv) { return run(panelix::commandLineArguments(argc, argv)); }

@@ -75,26 +75,24 @@ void FaceBuilder::endFace() {
 bool FaceBuilder::isConvex(int u, int v) const {
   const std::size_t count = m_corners.size();
   if (count == 3) return true;
-  const auto edge = [&](std::size_t i) { return m_corners[(i + 1) % count].position - m_corners[i % count].position; };
-  // No turn to the right, and once around: a star never turns right either.
-  int turns = 0;
+  // No turn to the right, and once around only: a star never turns right either. Who walks around once moves forth and
+  // back along u once.
+  float alongU = 0;
   float lastU = 0;
-  for (std::size_t i = 0; i < 2 * count && lastU == 0; ++i) lastU = edge(i)[u];
-  // Starts with the last edge that moves along u, so that the first change isn't missed.
-  for (std::size_t i = 0; i < count; ++i) {
-    const float along = edge(i)[u];
-    if (along != 0) lastU = along;
+  float lastV = 0;
+  int changes = 0;
+  // Two rounds: the first finds out what comes ahead of the first corner. Corners on one spot make no edge.
+  for (std::size_t i = 0; i < 2 * count; ++i) {
+    const NbVec3f edge = m_corners[(i + 1) % count].position - m_corners[i % count].position;
+    if (edge[u] == 0 && edge[v] == 0) continue;
+    if (lastU * edge[v] - lastV * edge[u] < 0) return false;
+    lastU = edge[u];
+    lastV = edge[v];
+    if (lastU == 0) continue;
+    if (i >= count && (lastU < 0) != (alongU < 0)) ++changes;
+    alongU = lastU;
   }
-  for (std::size_t i = 0; i < count; ++i) {
-    const NbVec3f here = edge(i);
-    const NbVec3f next = edge(i + 1);
-    if (here[u] * next[v] - here[v] * next[u] < 0) return false;
-    if (here[u] != 0) {
-      if ((here[u] < 0) != (lastU < 0)) ++turns;
-      lastU = here[u];
-    }
-  }
-  return turns <= 2;
+  return changes <= 2;
 }
 
 void FaceBuilder::addTessellated(int u, int v, const NbVec3f& normal) {

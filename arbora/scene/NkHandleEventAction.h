@@ -11,7 +11,8 @@ class NkPickedPoint;
 class NkRayPickAction;
 
 /// Takes an event of the user through the scene. The node that has grabbed the pointer gets it first; if it doesn't
-/// handle it, all nodes get it in order until one does. A grab lasts from event to event on the same action.
+/// handle it, all nodes get it in order until one does. A grab lasts from event to event on the same action. The action
+/// may go in the middle of a grab, but not from inside `apply`.
 class ARBORA_API NkHandleEventAction : public NkAction {
 public:
   explicit NkHandleEventAction(const NbViewportRegion& viewport = NbViewportRegion());

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <numeric>
 #include <system_error>
+#include <type_traits>
 #include <vector>
 
 #include "arbora/base/NbFileHelper.h"
@@ -53,6 +54,51 @@ bool hasClass(char c, unsigned char charClass) {
   return (kCharClasses[static_cast<unsigned char>(c)] & charClass) != 0;
 }
 
+// Blanks and comments.
+const char* behindBlanks(const char* p, const char* end) {
+  for (;;) {
+    while (p != end && hasClass(*p, BLANK))
+      ++p;
+    if (p == end || *p != '#')
+      return p;
+    while (p != end && *p != '\n' && *p != '\r')
+      ++p;
+  }
+}
+
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+// Most numbers of scenes are short: few digits, no exponent. Such a number is the quotient of two floats that hold their
+// values exactly, so that it comes out right with a single rounding. False if the number is of another kind.
+bool readShortNumber(const char*& next, const char* end, float& value) {
+  constexpr int kMostDigits = 7;  // A float holds any integer of so many.
+  constexpr std::array<float, kMostDigits + 1> kPowers{1, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
+  const char* p = next;
+  const bool isNegative = p != end && *p == '-';
+  if (isNegative)
+    ++p;
+  const char* const start = p;
+  int number = 0;
+  for (; p != end && isDigit(*p) && p - start < kMostDigits; ++p)
+    number = number * 10 + (*p - '0');
+  std::ptrdiff_t digits = p - start;
+  std::ptrdiff_t places = 0;
+  if (p != end && *p == '.') {
+    const char* const point = p++;
+    for (; p != end && isDigit(*p) && digits < kMostDigits; ++p, ++digits)
+      number = number * 10 + (*p - '0');
+    places = p - point - 1;
+  }
+  if (digits == 0 || (p != end && hasClass(*p, WORD)))
+    return false;
+  const float quotient = static_cast<float>(number) / kPowers[static_cast<std::size_t>(places)];
+  value = isNegative ? -quotient : quotient;
+  next = p;
+  return true;
+}
+
 // The list owns its strings; it is made at the first use, so that static objects may use it.
 NbStringList& directories() {
   struct Directories : NbStringList {
@@ -89,6 +135,11 @@ std::string formatted(const char* format, std::va_list arguments) {
 }
 
 } // namespace
+
+inline void NkInput::skipBlanks() {
+  m_next = behindBlanks(m_next, m_end);
+  m_token = m_next;
+}
 
 // Messages
 
@@ -364,20 +415,6 @@ arbora::ObjectReader& NkInput::reader() {
 
 // Tokens
 
-void NkInput::skipBlanks() {
-  const char* p = m_next;
-  for (;;) {
-    while (p != m_end && hasClass(*p, BLANK))
-      ++p;
-    if (p == m_end || *p != '#')
-      break;
-    while (p != m_end && *p != '\n' && *p != '\r')
-      ++p;
-  }
-  m_next = p;
-  m_token = p;
-}
-
 bool NkInput::atEnd() {
   if (m_gaveUp)
     return true;
@@ -535,6 +572,10 @@ bool NkInput::read(double& value) {
 
 template <class Number> bool NkInput::readNumber(Number& value) {
   skipBlanks();
+  if constexpr (std::is_same_v<Number, float>) {
+    if (readShortNumber(m_next, m_end, value))
+      return true;
+  }
   const char* p = m_next;
   if (m_end - p > 1 && *p == '+' && p[1] != '-')
     ++p;

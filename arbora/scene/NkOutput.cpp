@@ -5,6 +5,7 @@
 #include <bit>
 #include <cerrno>
 #include <charconv>
+#include <cmath>
 #include <cstring>
 #include <system_error>
 #include <utility>
@@ -158,6 +159,13 @@ void NkOutput::write(int value) {
 void NkOutput::write(float value) {
   if (m_isBinary) {
     write(std::bit_cast<int>(value));
+    return;
+  }
+  // Whole numbers as such: it's quicker, and 100000 reads better than 1e+05.
+  constexpr float kWhole = 1e7F;
+  const int whole = value > -kWhole && value < kWhole ? static_cast<int>(value) : 0;
+  if (static_cast<float>(whole) == value && !(whole == 0 && std::signbit(value))) {
+    write(whole);
     return;
   }
   char text[32];

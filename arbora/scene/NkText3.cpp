@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "arbora/scene/NkPickStyle.h"
 #include "arbora/scene/NkRayPickAction.h"
 #include "arbora/scene/text/GlyphCache.h"
 
@@ -97,9 +98,8 @@ NbBox3f NkText3::computeBox(NkState& state) {
 }
 
 void NkText3::rayPick(NkRayPickAction* action) {
-  constexpr int kShapes = 0;
   NkState& state = *action->getState();
-  if (state.pickStyle != kShapes) {
+  if (state.pickStyle != NkPickStyle::SHAPE) {
     NkShape::rayPick(action);
     return;
   }

@@ -427,7 +427,7 @@ TEST_F(Draggers, ASurrogateGrabsForItsDragger) {
   SurrogateDragger::exitClass();
 }
 
-TEST_F(Draggers, AHandleGroundForOneActionOnly) {
+TEST_F(Draggers, ADragBelongsToOneAction) {
   press();
   NkHandleEventAction other(NbViewportRegion(100, 100));
   NkMouseButtonEvent event;

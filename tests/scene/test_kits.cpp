@@ -8,6 +8,7 @@
 #include "arbora/scene/NkMaterial.h"
 #include "arbora/scene/NkNodeKitDetail.h"
 #include "arbora/scene/NkNodeKitListPart.h"
+#include "arbora/scene/NkNodeSensor.h"
 #include "arbora/scene/NkOutput.h"
 #include "arbora/scene/NkPickedPoint.h"
 #include "arbora/scene/NkPlaneDragger.h"
@@ -683,11 +684,14 @@ TEST_F(Kits, AChangeInAPartReachesWhatHoldsTheKit) {
   const Ref<SampleKit> kit(new SampleKit);
   root->addChild(kit.get());
   auto* shape = static_cast<NkCube*>(kit->getPart("shape", true));
-  const std::uint64_t before = root->getNodeId();
-  shape->arm();
-  root->arm();
+  int changes = 0;
+  NkNodeSensor sensor([](void* data, NkSensor*) { ++*static_cast<int*>(data); }, &changes);
+  sensor.setPriority(0);
+  sensor.attach(root.get());
   shape->width = 3;
-  EXPECT_NE(kit->getNodeId(), before);
+  EXPECT_EQ(changes, 1);
+  kit->getPart("label", true);
+  EXPECT_GT(changes, 1);
 }
 
 // Searching and picking

@@ -321,6 +321,21 @@ TEST_F(Shapes, ConcaveFacesAreFilledRight) {
   }
 }
 
+TEST_F(Shapes, ConvexFacesNeedNoTessellationConcaveOnesDo) {
+  const auto indicesOf = [](std::vector<NbVec3f> points) {
+    Polygons polygons(std::move(points));
+    return Ref<NkFaceSet>(new NkFaceSet)->getMeshes(polygons.state)[0].mesh->getIndices();
+  };
+  EXPECT_EQ(indicesOf(kSquare), (std::vector<std::uint32_t>{0, 1, 2, 0, 2, 3})) << "a fan";
+  // A dart, with its inner corner given twice and first: a fan from another corner would cover its outside.
+  const std::vector<NbVec3f> dart{{1, 1, 0}, {1, 1, 0}, {0, 3, 0}, {0, 0, 0}, {3, 0, 0}};
+  Polygons polygons({dart[3], dart[4], dart[0], dart[1], dart[2]});
+  const Ref<NkFaceSet> faces(new NkFaceSet);
+  EXPECT_NEAR(areaOf(*faces->getMeshes(polygons.state)[0].mesh), 3, 1e-5);
+  Polygons turned({dart[4], dart[0], dart[1], dart[2], dart[3]});
+  EXPECT_NEAR(areaOf(*faces->getMeshes(turned.state)[0].mesh), 3, 1e-5);
+}
+
 TEST_F(Shapes, AStarThatCrossesItselfIsFilled) {
   std::vector<NbVec3f> star;
   for (int i = 0; i < 5; ++i) {

@@ -325,7 +325,8 @@ TEST_F(Writing, RotationsAndPlanesComeBackExactly) {
 TEST_F(Writing, StringsComeBackExactly) {
   auto* node = new NkEveryField;
   std::mt19937 random(3);
-  const std::string narrow("ab \\\\\\\\\"\"\n\r\tn#{}[],\0\x7f\x80\xff", 26);
+  constexpr char kNarrow[] = "ab \\\\\\\\\"\"\n\r\tn#{}[],\0\x7f\x80\xff";
+  const std::string narrow(kNarrow, sizeof(kNarrow) - 1);
   const std::wstring wide(L"a\\\" \u00e4\u20ac\U0001F600");
   for (int i = 0; i < 2000; ++i) {
     const std::size_t length = random() % 8;

@@ -39,5 +39,7 @@ void launch(const std::string& command);
 std::string shellPath(const std::string& path);
 /// The screen position of an area's upper left corner.
 std::array<int, 2> placeOf(const NkRenderArea& area);
+/// Closes the window as its user does. It has to be the one in front.
+bool closeByUser(const NkRenderArea& area);
 
 } // namespace desktop

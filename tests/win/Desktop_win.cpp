@@ -27,4 +27,6 @@ std::array<int, 2> placeOf(const NkRenderArea& area) {
   return {corner.x, corner.y};
 }
 
+bool closeByUser(const NkRenderArea& /*area*/) { return act("key alt+F4"); }
+
 } // namespace desktop

@@ -8,6 +8,7 @@
 #include "arbora/scene/NkCube.h"
 #include "arbora/scene/NkDelayQueueSensor.h"
 #include "arbora/scene/NkEventCallback.h"
+#include "arbora/scene/NkFieldSensor.h"
 #include "arbora/scene/NkKeyboardEvent.h"
 #include "arbora/scene/NkMaterial.h"
 #include "arbora/scene/NkMouseButtonEvent.h"
@@ -210,6 +211,27 @@ TEST_F(NkRenderAreaTest, MayBeDeletedInsideAKeysCallback) {
   EXPECT_TRUE(desktop::serveUntil([this] { return area == nullptr; }));
 }
 
+TEST_F(NkRenderAreaTest, MayBeDeletedWhileItPaints) {
+  open();
+  NkRenderArea other(nullptr, "the other area");
+  other.setSize({200, 150});
+  other.setSceneGraph(scene.get());
+  other.show();
+  desktop::serveAWhile();
+  // A paint puts the camera's planes around the scene; that's where the application hears of it.
+  NkFieldSensor sensor([](void* data, NkSensor*) { static_cast<std::unique_ptr<NkRenderArea>*>(data)->reset(); },
+                       &area);
+  sensor.setPriority(0);
+  sensor.attach(&area->getCamera()->nearDistance);
+  dragger->translation.setValue(0, 0, 2);
+  area->redraw();
+  EXPECT_EQ(area, nullptr);
+  sensor.detach();
+  material->emissiveColor = NbColor(0, 1, 0);
+  desktop::serveAWhile();
+  EXPECT_EQ(desktop::pixelOf(other, 100, 75), kGreen);
+}
+
 TEST_F(NkRenderAreaTest, LoopServesTheAreaUntilItsEnd) {
   open();
   struct Steps {
@@ -230,6 +252,28 @@ TEST_F(NkRenderAreaTest, LoopServesTheAreaUntilItsEnd) {
   sensor.schedule();
   EXPECT_EQ(NkWin::mainLoop(), 3);
   EXPECT_EQ(steps.count, 20);
+}
+
+TEST_F(NkRenderAreaTest, ClosingTheWindowEndsTheLoop) {
+  open();
+  ASSERT_TRUE(desktop::closeByUser(*area));
+  ASSERT_TRUE(desktop::serveUntil([this] { return !area->isOpen(); }));
+  EXPECT_FALSE(NkWin::processPendingMessages());
+  EXPECT_EQ(NkWin::mainLoop(), 0);
+  EXPECT_FALSE(area->isVisible());
+}
+
+TEST_F(NkRenderAreaTest, CloseCallbackMayDeleteTheArea) {
+  open();
+  area->setCloseCallback(
+      [](void* data, NkRenderArea* closed) {
+        EXPECT_FALSE(closed->isOpen());
+        static_cast<std::unique_ptr<NkRenderArea>*>(data)->reset();
+      },
+      &area);
+  ASSERT_TRUE(desktop::closeByUser(*area));
+  EXPECT_TRUE(desktop::serveUntil([this] { return area == nullptr; }));
+  EXPECT_TRUE(NkWin::processPendingMessages());
 }
 
 TEST_F(NkRenderAreaTest, TwoAreasShowOneScene) {

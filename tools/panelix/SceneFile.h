@@ -29,7 +29,7 @@ public:
 
   /// Puts a camera ahead of a scene without one: it sees all of the scene, from a little above and to the right.
   void addMissingCamera(const NbViewportRegion& viewport);
-  /// Puts a light ahead of a scene without one: over the left shoulder of who looks through the scene's camera.
+  /// Puts a light ahead of a scene without one: over the right shoulder of who looks through the scene's camera.
   void addMissingLight();
 
 private:

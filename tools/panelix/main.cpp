@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
+#include <iostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,7 +10,6 @@
 
 #include "arbora/scene/NkDB.h"
 #include "arbora/scene/NkInteraction.h"
-#include "arbora/scene/NkNodeKit.h"
 #include "tools/panelix/Arguments.h"
 #include "tools/panelix/Commands.h"
 
@@ -18,18 +17,10 @@ namespace {
 
 constexpr int kLargestSize = 16384;
 
-/// The classes of the scenes, for as long as it lives.
+/// The scene library with all its classes, for as long as it lives.
 struct Library {
-  Library() {
-    NkDB::init();
-    NkNodeKit::init();
-    NkInteraction::init();
-  }
-  ~Library() {
-    NkInteraction::finish();
-    NkNodeKit::finish();
-    NkDB::finish();
-  }
+  Library() { NkInteraction::init(); }
+  ~Library() { NkInteraction::finish(); }
   Library(const Library&) = delete;
   Library& operator=(const Library&) = delete;
 };
@@ -78,7 +69,7 @@ void addBackgroundOption(CLI::App& command, NbColor& color) {
 int run(std::vector<std::string> arguments) {
   CLI::App app("Draws, shows and checks Arbora scenes.", "panelix");
   app.set_version_flag("--version", std::string("panelix ") + PANELIX_VERSION + " (" + NkDB::getVersion() + ")");
-  app.require_subcommand(1);
+  app.require_subcommand(0, 1);
   app.footer("Exit codes: 0 good; 1 findings, or a file that failed; 2 wrong usage, no display or no OpenGL.");
 
   panelix::RenderOptions render;
@@ -111,6 +102,12 @@ int run(std::vector<std::string> arguments) {
     return app.exit(result) == 0 ? panelix::GOOD : panelix::UNUSABLE;
   }
   check.json = format == "json";
+
+  // Asked for only here, so that a misspelt command is named in the message.
+  if (app.get_subcommands().empty()) {
+    std::cerr << "A command is required\nRun with --help for more information.\n";
+    return panelix::UNUSABLE;
+  }
 
   const Library library;
   if (renderCommand->parsed()) return panelix::render(render);

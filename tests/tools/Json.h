@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// A JSON value, read strictly: what a parser must refuse is refused here.
+struct Json {
+  enum Kind { INVALID, NONE, BOOLEAN, NUMBER, STRING, ARRAY, OBJECT };
+
+  static Json parse(std::string_view text);
+
+  /// A member of an object; invalid if there is none.
+  const Json& operator[](std::string_view name) const;
+
+  Kind kind = INVALID;
+  double number = 0;
+  std::string string;
+  std::vector<Json> items;
+  std::vector<std::pair<std::string, Json>> members;
+};

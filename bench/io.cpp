@@ -109,19 +109,13 @@ void writeLoop(benchmark::State& state, const std::string& text, bool binary) {
   state.SetBytesProcessed(static_cast<std::int64_t>(bytes));
 }
 
-void writeNodes(benchmark::State& state) {
-  writeLoop(state, plainNodes(), false);
-}
+void writeNodes(benchmark::State& state) { writeLoop(state, plainNodes(), false); }
 BENCHMARK(writeNodes)->Unit(benchmark::kMillisecond);
 
-void writeNodesBinary(benchmark::State& state) {
-  writeLoop(state, plainNodes(), true);
-}
+void writeNodesBinary(benchmark::State& state) { writeLoop(state, plainNodes(), true); }
 BENCHMARK(writeNodesBinary)->Unit(benchmark::kMillisecond);
 
-void writeNumbers(benchmark::State& state) {
-  writeLoop(state, numbers(), false);
-}
+void writeNumbers(benchmark::State& state) { writeLoop(state, numbers(), false); }
 BENCHMARK(writeNumbers)->Unit(benchmark::kMillisecond);
 
 } // namespace

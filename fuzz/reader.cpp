@@ -45,22 +45,18 @@ extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  if (size == 0)
-    return 0;
-  const std::string file =
-      kHeaders[data[0] % 4] + std::string(reinterpret_cast<const char*>(data + 1), size - 1);
+  if (size == 0) return 0;
+  const std::string file = kHeaders[data[0] % 4] + std::string(reinterpret_cast<const char*>(data + 1), size - 1);
   const int before = NkBase::getLiveCount();
   if (const Ref<NkSeparator> root = read(file)) {
     for (int i = 0; i < root->getNumChildren(); ++i) {
       for (const bool binary : {false, true}) {
         const std::string copy = written(root->getChild(i), binary);
         const Ref<NkSeparator> again = read(copy);
-        if (!again || written(again->getChild(0), binary) != copy)
-          std::abort();
+        if (!again || written(again->getChild(0), binary) != copy) std::abort();
       }
     }
   }
-  if (NkBase::getLiveCount() != before)
-    std::abort();
+  if (NkBase::getLiveCount() != before) std::abort();
   return 0;
 }

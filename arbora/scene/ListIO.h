@@ -15,17 +15,14 @@ bool readList(NkInput* in, std::vector<T>& values, std::size_t bytesEach, ReadOn
   values.clear();
   if (in->isBinary()) {
     int count = 0;
-    if (!in->readCount(count, bytesEach))
-      return false;
+    if (!in->readCount(count, bytesEach)) return false;
     values.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
-      if (!readOne(values.emplace_back()))
-        return false;
+      if (!readOne(values.emplace_back())) return false;
     }
     return true;
   }
-  if (!in->take('['))
-    return readOne(values.emplace_back());
+  if (!in->take('[')) return readOne(values.emplace_back());
   const std::size_t start = in->getTokenPosition();
   while (!in->take(']')) {
     const int next = in->peek();
@@ -33,18 +30,17 @@ bool readList(NkInput* in, std::vector<T>& values, std::size_t bytesEach, ReadOn
       in->error("']' expected for the '[' at %s", in->describePosition(start).c_str());
       return false;
     }
-    if (!readOne(values.emplace_back()))
-      return false;
+    if (!readOne(values.emplace_back())) return false;
     in->take(',');
   }
   return true;
 }
 
-template <class T, class WriteOne> void writeList(NkOutput* out, const std::vector<T>& values, WriteOne writeOne) {
+template <class T, class WriteOne>
+void writeList(NkOutput* out, const std::vector<T>& values, WriteOne writeOne) {
   if (out->isBinary()) {
     out->write(static_cast<int>(values.size()));
-    for (const T& value : values)
-      writeOne(value);
+    for (const T& value : values) writeOne(value);
     return;
   }
   if (values.size() == 1) {

@@ -21,13 +21,9 @@ bool NkBase::read(NkInput* in, NkBase*& object, NkType expectedType, int readPat
 
 // Writing
 
-const char* NkBase::getFileFormatName() const {
-  return getTypeId().getName().getString();
-}
+const char* NkBase::getFileFormatName() const { return getTypeId().getName().getString(); }
 
-bool NkBase::isGroup() const {
-  return false;
-}
+bool NkBase::isGroup() const { return false; }
 
 void NkBase::addWriteReference(NkOutput* out, bool fromField) {
   if (fromField) {
@@ -48,9 +44,7 @@ int NkBase::shouldWrite() const {
   return pass != 0 && m_writeId == pass ? m_writeRefs : 0;
 }
 
-bool NkBase::hasMultipleWriteRefs() const {
-  return shouldWrite() > 1;
-}
+bool NkBase::hasMultipleWriteRefs() const { return shouldWrite() > 1; }
 
 bool NkBase::writeHeader(NkOutput* out, bool isGroup, bool /*isEngine*/) {
   out->startLine();
@@ -68,32 +62,25 @@ bool NkBase::writeHeader(NkOutput* out, bool isGroup, bool /*isEngine*/) {
     const bool isWritten = out->markWritten(this);
     writeWord(isWritten ? "USE" : "DEF");
     out->writeObjectName(name);
-    if (isWritten)
-      return true;
+    if (isWritten) return true;
     out->writeRaw(" ");
   }
   writeWord(getFileFormatName());
-  if (isBinary)
-    out->write(isGroup ? kHasChildren : 0);
+  if (isBinary) out->write(isGroup ? kHasChildren : 0);
   out->openBrace('{');
   return false;
 }
 
-void NkBase::writeFooter(NkOutput* out) const {
-  out->closeBrace('}');
-}
+void NkBase::writeFooter(NkOutput* out) const { out->closeBrace('}'); }
 
 // Names on the network
 
 const char* NkBase::getNetName() {
-  if (!m_netName)
-    generateNetName();
+  if (!m_netName) generateNetName();
   return m_netName.getString();
 }
 
-void NkBase::setNetName(const NbString& name) {
-  m_netName = NbName(name);
-}
+void NkBase::setNetName(const NbString& name) { m_netName = NbName(name); }
 
 void NkBase::generateNetName() {
   static std::atomic<unsigned> s_lastNumber{0};

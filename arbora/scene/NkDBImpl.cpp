@@ -8,10 +8,6 @@ bool NkDBImpl::m_isVerra = true;
 
 // Clusters and trackers aren't supported.
 
-bool NkDBImpl::isRunningCluster() {
-  return false;
-}
+bool NkDBImpl::isRunningCluster() { return false; }
 
-bool NkDBImpl::isRunningART() {
-  return false;
-}
+bool NkDBImpl::isRunningART() { return false; }

@@ -13,8 +13,7 @@ bool NkFieldContainer::readInstance(NkInput* in, unsigned short /*flags*/) {
 
 bool NkFieldContainer::set(const char* fieldText) {
   const NkFieldData* fields = getFieldData();
-  if (!fields)
-    return false;
+  if (!fields) return false;
   NkInput in;
   in.setBuffer(fieldText, fieldText ? std::strlen(fieldText) : 0);
   return in.reader().readFields(fields, this);
@@ -23,11 +22,9 @@ bool NkFieldContainer::set(const char* fieldText) {
 void NkFieldContainer::addWriteReference(NkOutput* out, bool fromField) {
   NkBase::addWriteReference(out, fromField);
   const NkFieldData* fields = getFieldData();
-  if (fromField || hasMultipleWriteRefs() || !fields)
-    return;
+  if (fromField || hasMultipleWriteRefs() || !fields) return;
   for (int i = 0; i < fields->getNumFields(); ++i) {
     const NkField* field = fields->getField(this, i);
-    if (field->shouldWrite())
-      field->countWriteRefs(out);
+    if (field->shouldWrite()) field->countWriteRefs(out);
   }
 }

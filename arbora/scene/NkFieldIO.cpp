@@ -19,10 +19,8 @@
 bool NkField::set(const char* text) {
   NkInput in;
   in.setBuffer(text, text ? std::strlen(text) : 0);
-  if (!readValue(&in))
-    return false;
-  if (!in.atEnd())
-    in.error("the end expected behind the value, found %s", in.describeNext().c_str());
+  if (!readValue(&in)) return false;
+  if (!in.atEnd()) in.error("the end expected behind the value, found %s", in.describeNext().c_str());
   return !in.hasErrors();
 }
 
@@ -38,8 +36,7 @@ NbString NkField::get() const {
 
 void NkField::countWriteRefs(NkOutput* out) const {
   const NkField* source = getConnectedField();
-  if (source && source->getContainer())
-    source->getContainer()->addWriteReference(out, true);
+  if (source && source->getContainer()) source->getContainer()->addWriteReference(out, true);
 }
 
 // Enums
@@ -54,8 +51,7 @@ int findValue(const arbora::EnumData& enums, int value) {
 std::string listNames(const arbora::EnumData& enums) {
   std::string text;
   for (std::size_t i = 0; i < enums.names.size(); ++i) {
-    if (i > 0)
-      text += i + 1 == enums.names.size() ? " or " : ", ";
+    if (i > 0) text += i + 1 == enums.names.size() ? " or " : ", ";
     text += enums.names[i].getString();
   }
   return text;
@@ -76,16 +72,14 @@ bool readName(NkInput* in, const arbora::EnumData& enums, int& value) {
 }
 
 bool checkEnums(NkInput* in, const arbora::EnumData* enums) {
-  if (enums && !enums->names.empty())
-    return true;
+  if (enums && !enums->names.empty()) return true;
   in->error("this field has no names for its values");
   return false;
 }
 
 int allBits(const arbora::EnumData& enums) {
   int bits = 0;
-  for (const int value : enums.values)
-    bits |= value;
+  for (const int value : enums.values) bits |= value;
   return bits;
 }
 
@@ -93,14 +87,11 @@ int allBits(const arbora::EnumData& enums) {
 
 bool NkSFEnum::readValue(NkInput* in) {
   int value = 0;
-  if (!checkEnums(in, m_enums))
-    return false;
+  if (!checkEnums(in, m_enums)) return false;
   if (!in->isBinary()) {
-    if (!readName(in, *m_enums, value))
-      return false;
+    if (!readName(in, *m_enums, value)) return false;
   } else {
-    if (!in->read(value))
-      return false;
+    if (!in->read(value)) return false;
     if (findValue(*m_enums, value) < 0) {
       in->fatal("%d is no value of %s", value, m_enums->typeName.getString());
       return false;
@@ -132,11 +123,9 @@ void NkSFEnum::writeValue(NkOutput* out) const {
 
 bool NkSFBitMask::readValue(NkInput* in) {
   int value = 0;
-  if (!checkEnums(in, m_enums))
-    return false;
+  if (!checkEnums(in, m_enums)) return false;
   if (in->isBinary()) {
-    if (!in->read(value))
-      return false;
+    if (!in->read(value)) return false;
     if (value & ~allBits(*m_enums)) {
       in->fatal("%d has bits that aren't part of %s", value, m_enums->typeName.getString());
       return false;
@@ -144,8 +133,7 @@ bool NkSFBitMask::readValue(NkInput* in) {
   } else if (in->take('(')) {
     while (!in->take(')')) {
       int bits = 0;
-      if (!readName(in, *m_enums, bits))
-        return false;
+      if (!readName(in, *m_enums, bits)) return false;
       value |= bits;
       if (!in->take('|') && in->peek() != ')') {
         in->error("'|' or ')' expected, found %s", in->describeNext().c_str());
@@ -184,8 +172,7 @@ void NkSFBitMask::writeValue(NkOutput* out) const {
   const char* separator = "(";
   for (std::size_t i = 0; i < m_enums->values.size() && rest != 0; ++i) {
     const int bits = m_enums->values[i];
-    if ((bits & value) != bits || (bits & rest) == 0)
-      continue;
+    if ((bits & value) != bits || (bits & rest) == 0) continue;
     out->writeRaw(separator);
     out->writeRaw(m_enums->names[i].getView());
     separator = " | ";
@@ -200,8 +187,7 @@ namespace {
 
 bool readNode(NkInput* in, arbora::Ref<NkNode>& node) {
   arbora::Ref<NkBase> object;
-  if (!in->reader().readValue(object, NkNode::getClassTypeId()))
-    return false;
+  if (!in->reader().readValue(object, NkNode::getClassTypeId())) return false;
   node = arbora::Ref<NkNode>(static_cast<NkNode*>(object.get()));
   return true;
 }
@@ -214,17 +200,15 @@ void writeNode(NkOutput* out, NkNode* node) {
       out->writeRaw("NULL");
     return;
   }
-  if (NkWriteAction* action = out->getAction())
-    action->writeFieldNode(node);
+  if (NkWriteAction* action = out->getAction()) action->writeFieldNode(node);
 }
 
 void countNode(NkOutput* out, NkNode* node) {
   NkWriteAction* action = out->getAction();
-  if (action && node)
-    action->writeFieldNode(node);
+  if (action && node) action->writeFieldNode(node);
 }
 
-constexpr std::size_t kSmallestNode = 4;  // Bytes in the binary form.
+constexpr std::size_t kSmallestNode = 4; // Bytes in the binary form.
 
 } // namespace
 
@@ -232,8 +216,7 @@ bool NkSFNode::readValue(NkInput* in) {
   arbora::Ref<NkNode> node;
   in->atEnd(); // Goes on to the value.
   const std::size_t position = in->getPosition();
-  if (!readNode(in, node))
-    return false;
+  if (!readNode(in, node)) return false;
   NkFieldContainer* container = getContainer();
   if (node && container && !container->validateNewFieldValue(this, node.get())) {
     NbName name;
@@ -247,8 +230,7 @@ bool NkSFNode::readValue(NkInput* in) {
 }
 
 void NkSFNode::writeValue(NkOutput* out) const {
-  if (m_value)
-    out->announceValue();
+  if (m_value) out->announceValue();
   writeNode(out, m_value);
 }
 
@@ -263,19 +245,16 @@ bool NkMFNode::readValue(NkInput* in) {
     return false;
   std::vector<NkNode*> values;
   values.reserve(nodes.size());
-  for (const arbora::Ref<NkNode>& node : nodes)
-    values.push_back(node.get());
+  for (const arbora::Ref<NkNode>& node : nodes) values.push_back(node.get());
   setAll(std::move(values));
   return true;
 }
 
 void NkMFNode::writeValue(NkOutput* out) const {
-  if (out->isBinary())
-    out->write(getNum());
+  if (out->isBinary()) out->write(getNum());
   out->openBrace('[');
   for (NkNode* node : m_values) {
-    if (!node)
-      out->startLine();
+    if (!node) out->startLine();
     writeNode(out, node);
   }
   out->closeBrace(']');
@@ -283,6 +262,5 @@ void NkMFNode::writeValue(NkOutput* out) const {
 
 void NkMFNode::countWriteRefs(NkOutput* out) const {
   NkField::countWriteRefs(out);
-  for (NkNode* node : m_values)
-    countNode(out, node);
+  for (NkNode* node : m_values) countNode(out, node);
 }

@@ -25,8 +25,7 @@ bool NkNode::readInstance(NkInput* in, unsigned short flags) {
 }
 
 bool NkGroup::readInstance(NkInput* in, unsigned short flags) {
-  if (!NkNode::readInstance(in, flags))
-    return false;
+  if (!NkNode::readInstance(in, flags)) return false;
   const bool wasEnabled = enableNotify(false);
   const bool ok = in->isBinary() && !(flags & kHasChildren) ? true : readChildren(in);
   enableNotify(wasEnabled);
@@ -39,17 +38,14 @@ bool NkGroup::readChildren(NkInput* in) {
     bool ok = true;
     for (;;) {
       ok = NkBase::read(in, child, NkNode::getClassTypeId()) && ok;
-      if (!child)
-        return ok;
+      if (!child) return ok;
       addChild(static_cast<NkNode*>(child));
     }
   }
   int count = 0;
-  if (!in->read(count))
-    return false;
+  if (!in->read(count)) return false;
   for (int i = 0; i < count; ++i) {
-    if (!NkBase::read(in, child, NkNode::getClassTypeId()) || !child)
-      return false;
+    if (!NkBase::read(in, child, NkNode::getClassTypeId()) || !child) return false;
     addChild(static_cast<NkNode*>(child));
   }
   int mark = kChildrenMark;
@@ -64,8 +60,7 @@ void NkNode::write(NkWriteAction* action) {
     addWriteReference(out);
     return;
   }
-  if (writeHeader(out, false))
-    return;
+  if (writeHeader(out, false)) return;
   if (const NkFieldData* fields = getFieldData())
     fields->write(out, this);
   else if (out->isBinary())
@@ -79,22 +74,18 @@ void NkGroup::write(NkWriteAction* action) {
   // Beside a path, too, all children up to it are written: the indices of the path stay right.
   if (out->getStage() == NkOutput::COUNT_REFS) {
     addWriteReference(out);
-    for (int i = 0; i <= last && !hasMultipleWriteRefs(); ++i)
-      action->traverseChild(m_children[i], i);
+    for (int i = 0; i <= last && !hasMultipleWriteRefs(); ++i) action->traverseChild(m_children[i], i);
     return;
   }
-  if (writeHeader(out, true))
-    return;
+  if (writeHeader(out, true)) return;
   getFieldData()->write(out, this);
   if (out->isBinary()) {
     int count = 0;
-    for (int i = 0; i <= last; ++i)
-      count += m_children[i]->shouldWrite() > 0 ? 1 : 0;
+    for (int i = 0; i <= last; ++i) count += m_children[i]->shouldWrite() > 0 ? 1 : 0;
     out->write(count);
   }
   for (int i = 0; i <= last; ++i) {
-    if (m_children[i]->shouldWrite() > 0)
-      action->traverseChild(m_children[i], i);
+    if (m_children[i]->shouldWrite() > 0) action->traverseChild(m_children[i], i);
   }
   writeFooter(out);
 }

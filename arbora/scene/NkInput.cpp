@@ -21,9 +21,9 @@ namespace {
 
 enum CharClass : unsigned char {
   BLANK = 1,
-  NAME = 2,        // In names.
-  NAME_START = 4,  // In front of names.
-  WORD = 8,        // In words: all but blanks and what the grammar uses.
+  NAME = 2,       // In names.
+  NAME_START = 4, // In front of names.
+  WORD = 8,       // In words: all but blanks and what the grammar uses.
 };
 
 constexpr std::string_view kBlanks = " \t\n\r\v\f";
@@ -38,14 +38,11 @@ const std::array<unsigned char, 256> kCharClasses = [] {
       entry = BLANK;
       continue;
     }
-    if (kPunctuation.find(c) != std::string_view::npos)
-      continue;
+    if (kPunctuation.find(c) != std::string_view::npos) continue;
     entry = WORD;
-    if (NbName::isIdentChar(c))
-      entry |= NAME;
+    if (NbName::isIdentChar(c)) entry |= NAME;
     // A minus opens a number, not a name.
-    if (NbName::isIdentStartChar(c) && c != '-')
-      entry |= NAME_START;
+    if (NbName::isIdentStartChar(c) && c != '-') entry |= NAME_START;
   }
   return classes;
 }();
@@ -57,42 +54,33 @@ bool hasClass(char c, unsigned char charClass) {
 // Blanks and comments.
 const char* behindBlanks(const char* p, const char* end) {
   for (;;) {
-    while (p != end && hasClass(*p, BLANK))
-      ++p;
-    if (p == end || *p != '#')
-      return p;
-    while (p != end && *p != '\n' && *p != '\r')
-      ++p;
+    while (p != end && hasClass(*p, BLANK)) ++p;
+    if (p == end || *p != '#') return p;
+    while (p != end && *p != '\n' && *p != '\r') ++p;
   }
 }
 
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-// Most numbers of scenes are short: few digits, no exponent. Such a number is the quotient of two floats that hold their
-// values exactly, so that it comes out right with a single rounding. False if the number is of another kind.
+// Most numbers of scenes are short: few digits, no exponent. Such a number is the quotient of two floats that hold
+// their values exactly, so that it comes out right with a single rounding. False if the number is of another kind.
 bool readShortNumber(const char*& next, const char* end, float& value) {
-  constexpr int kMostDigits = 7;  // A float holds any integer of so many.
+  constexpr int kMostDigits = 7; // A float holds any integer of so many.
   constexpr std::array<float, kMostDigits + 1> kPowers{1, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
   const char* p = next;
   const bool isNegative = p != end && *p == '-';
-  if (isNegative)
-    ++p;
+  if (isNegative) ++p;
   const char* const start = p;
   int number = 0;
-  for (; p != end && isDigit(*p) && p - start < kMostDigits; ++p)
-    number = number * 10 + (*p - '0');
+  for (; p != end && isDigit(*p) && p - start < kMostDigits; ++p) number = number * 10 + (*p - '0');
   std::ptrdiff_t digits = p - start;
   std::ptrdiff_t places = 0;
   if (p != end && *p == '.') {
     const char* const point = p++;
-    for (; p != end && isDigit(*p) && digits < kMostDigits; ++p, ++digits)
-      number = number * 10 + (*p - '0');
+    for (; p != end && isDigit(*p) && digits < kMostDigits; ++p, ++digits) number = number * 10 + (*p - '0');
     places = p - point - 1;
   }
-  if (digits == 0 || (p != end && hasClass(*p, WORD)))
-    return false;
+  if (digits == 0 || (p != end && hasClass(*p, WORD))) return false;
   const float quotient = static_cast<float>(number) / kPowers[static_cast<std::size_t>(places)];
   value = isNegative ? -quotient : quotient;
   next = p;
@@ -112,15 +100,13 @@ NbStringList& directories() {
 void setDirectories(const std::vector<NbString>& names) {
   NbStringList& list = directories();
   list.deleteStrings();
-  for (const NbString& name : names)
-    list.append(new NbString(name));
+  for (const NbString& name : names) list.append(new NbString(name));
 }
 
 std::vector<NbString> copyDirectories() {
   NbStringList& list = directories();
   std::vector<NbString> names;
-  for (int i = 0; i < list.getLength(); ++i)
-    names.push_back(*list[i]);
+  for (int i = 0; i < list.getLength(); ++i) names.push_back(*list[i]);
   return names;
 }
 
@@ -158,9 +144,7 @@ std::string quoted(std::string_view text) {
 
 namespace {
 
-char lower(char c) {
-  return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-}
+char lower(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
 
 // The number of letters to add, drop, replace or swap with the next one to make one word of the other, in any case.
 std::size_t editDistance(std::string_view a, std::string_view b) {
@@ -189,8 +173,7 @@ constexpr std::size_t kLongestName = 64;
 Suggestion::Suggestion(std::string_view name) : m_name(name), m_distance(name.size() / 3 + 1) {}
 
 void Suggestion::consider(std::string_view candidate) {
-  if (m_name.size() > kLongestName || candidate.size() > kLongestName)
-    return;
+  if (m_name.size() > kLongestName || candidate.size() > kLongestName) return;
   const std::size_t distance = editDistance(m_name, candidate);
   // At most a third of the letters may be wrong.
   if (distance < m_distance || (distance == m_distance && m_best.empty() && distance <= m_name.size() / 3)) {
@@ -207,8 +190,7 @@ std::string Suggestion::text() const {
 
 std::string NkInput::describePosition(std::size_t position) const {
   const std::string_view before(m_data, position);
-  if (m_isBinary)
-    return "byte " + std::to_string(position);
+  if (m_isBinary) return "byte " + std::to_string(position);
   int line = 1;
   int column = 1;
   for (std::size_t i = 0; i < before.size(); ++i) {
@@ -217,23 +199,21 @@ std::string NkInput::describePosition(std::size_t position) const {
       ++line;
       column = 1;
     } else if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) {
-      ++column;  // The further bytes of a character don't count.
+      ++column; // The further bytes of a character don't count.
     }
   }
   return std::to_string(line) + ":" + std::to_string(column);
 }
 
 void NkInput::post(std::size_t position, const char* format, std::va_list arguments) {
-  if (m_gaveUp)
-    return;
+  if (m_gaveUp) return;
   const std::string text = formatted(format, arguments);
   const std::string where = describePosition(position);
   const std::string name = m_fileName.toUtf8();
   const std::string message =
       m_isBinary ? name + ": error: at " + where + ": " + text : name + ":" + where + ": error: " + text;
   NkDebugError::post("", "%s", message.c_str());
-  if (++m_errors >= kMaxErrors)
-    m_gaveUp = true;
+  if (++m_errors >= kMaxErrors) m_gaveUp = true;
 }
 
 void NkInput::error(const char* format, ...) {
@@ -260,10 +240,8 @@ void NkInput::fatal(const char* format, ...) {
 
 std::string NkInput::describeNext() {
   const int c = peek();
-  if (c < 0)
-    return "the end";
-  if (c == '"')
-    return "a string";
+  if (c < 0) return "the end";
+  if (c == '"') return "a string";
   const std::string_view word = peekWord();
   return arbora::quoted(word.empty() ? std::string_view(m_next, 1) : word);
 }
@@ -276,19 +254,13 @@ bool NkInput::wrongValue(const char* expected) {
 
 // Files
 
-NkInput::NkInput() {
-  setBuffer("", 0);
-}
+NkInput::NkInput() { setBuffer("", 0); }
 
 NkInput::~NkInput() = default;
 
-const NbStringList& NkInput::getDirectories() {
-  return directories();
-}
+const NbStringList& NkInput::getDirectories() { return directories(); }
 
-void NkInput::clearDirectories() {
-  setDirectories({});
-}
+void NkInput::clearDirectories() { setDirectories({}); }
 
 void NkInput::addDirectoryFirst(const NbString& directory) {
   std::vector<NbString> names = copyDirectories();
@@ -296,9 +268,7 @@ void NkInput::addDirectoryFirst(const NbString& directory) {
   setDirectories(names);
 }
 
-void NkInput::addDirectoryLast(const NbString& directory) {
-  directories().append(new NbString(directory));
-}
+void NkInput::addDirectoryLast(const NbString& directory) { directories().append(new NbString(directory)); }
 
 void NkInput::removeDirectory(const NbString& directory) {
   std::vector<NbString> names = copyDirectories();
@@ -325,20 +295,17 @@ bool NkInput::openFile(const NbString& name, bool okIfNotFound, int /*reserved*/
     return false;
   };
   if (found == candidates.end()) {
-    if (okIfNotFound)
-      return false;
+    if (okIfNotFound) return false;
     std::string places;
     for (const NbString& directory : copyDirectories())
       places += (places.empty() ? "" : ", ") + arbora::quoted(directory.isEmpty() ? "." : directory.toUtf8());
-    if (NbFileHelper::isAbsolutePath(name))
-      return report(name, "there is no such file");
+    if (NbFileHelper::isAbsolutePath(name)) return report(name, "there is no such file");
     return report(name, places.empty() ? "there is no such file: no directory is set to look in"
                                        : "there is no such file in " + places);
   }
   std::string contents;
   std::string why;
-  if (!NbFileHelper::readWholeFile(*found, contents, &why))
-    return report(*found, "can't be read: " + why);
+  if (!NbFileHelper::readWholeFile(*found, contents, &why)) return report(*found, "can't be read: " + why);
   m_contents = std::move(contents);
   start(*found, m_contents);
   return true;
@@ -376,19 +343,16 @@ void NkInput::readHeader() {
     rest.remove_prefix(kByteOrderMark.size());
     m_next += kByteOrderMark.size();
   }
-  if (!rest.starts_with(kStart))
-    return;
+  if (!rest.starts_with(kStart)) return;
   const std::string_view line = rest.substr(0, rest.find('\n'));
   float version = 0;
   const char* lineEnd = line.data() + line.size();
-  const auto [behind, problem] = std::from_chars(line.data() + kStart.size(), lineEnd, version, std::chars_format::fixed);
-  if (problem != std::errc())
-    return;
+  const auto [behind, problem] =
+      std::from_chars(line.data() + kStart.size(), lineEnd, version, std::chars_format::fixed);
+  if (problem != std::errc()) return;
   std::string_view kind(behind, static_cast<std::size_t>(lineEnd - behind));
-  if (kind.ends_with('\r'))
-    kind.remove_suffix(1);
-  if (kind != " ascii" && kind != " binary")
-    return;
+  if (kind.ends_with('\r')) kind.remove_suffix(1);
+  if (kind != " ascii" && kind != " binary") return;
   m_version = version;
   m_isBinary = kind == " binary";
   m_next = m_isBinary ? std::min(lineEnd + 1, m_end) : lineEnd;
@@ -399,27 +363,20 @@ void NkInput::readHeader() {
   }
 }
 
-bool NkInput::isBinary() {
-  return m_isBinary;
-}
+bool NkInput::isBinary() { return m_isBinary; }
 
-float NkInput::getVersion() {
-  return m_version;
-}
+float NkInput::getVersion() { return m_version; }
 
 arbora::ObjectReader& NkInput::reader() {
-  if (!m_reader)
-    m_reader = std::make_unique<arbora::ObjectReader>(this);
+  if (!m_reader) m_reader = std::make_unique<arbora::ObjectReader>(this);
   return *m_reader;
 }
 
 // Tokens
 
 bool NkInput::atEnd() {
-  if (m_gaveUp)
-    return true;
-  if (!m_isBinary)
-    skipBlanks();
+  if (m_gaveUp) return true;
+  if (!m_isBinary) skipBlanks();
   return m_next == m_end;
 }
 
@@ -430,8 +387,7 @@ int NkInput::peek() {
 
 bool NkInput::take(char c) {
   skipBlanks();
-  if (m_next == m_end || *m_next != c)
-    return false;
+  if (m_next == m_end || *m_next != c) return false;
   ++m_next;
   return true;
 }
@@ -439,8 +395,7 @@ bool NkInput::take(char c) {
 std::string_view NkInput::peekName() {
   skipBlanks();
   const char* p = m_next;
-  if (p == m_end || !hasClass(*p, NAME_START))
-    return {};
+  if (p == m_end || !hasClass(*p, NAME_START)) return {};
   while (++p != m_end && hasClass(*p, NAME)) {
   }
   return {m_next, static_cast<std::size_t>(p - m_next)};
@@ -449,30 +404,24 @@ std::string_view NkInput::peekName() {
 std::string_view NkInput::peekWord() {
   skipBlanks();
   const char* p = m_next;
-  while (p != m_end && hasClass(*p, WORD))
-    ++p;
+  while (p != m_end && hasClass(*p, WORD)) ++p;
   return {m_next, static_cast<std::size_t>(p - m_next)};
 }
 
 bool NkInput::readObjectName(std::string_view& name) {
-  if (m_isBinary)
-    return read(name);
-  if (peek() == '"')
-    return readQuoted(name);
+  if (m_isBinary) return read(name);
+  if (peek() == '"') return readQuoted(name);
   const char* p = m_next;
-  while (p != m_end && (hasClass(*p, NAME) || *p == '+'))
-    ++p;
+  while (p != m_end && (hasClass(*p, NAME) || *p == '+')) ++p;
   name = {m_next, static_cast<std::size_t>(p - m_next)};
-  if (name.empty())
-    return wrongValue("a name");
+  if (name.empty()) return wrongValue("a name");
   m_next = p;
   return true;
 }
 
 void NkInput::skipToken() {
   const int c = peek();
-  if (c < 0)
-    return;
+  if (c < 0) return;
   std::string_view token = peekWord();
   if (!token.empty())
     take(token);
@@ -508,24 +457,19 @@ void NkInput::skipBraces() {
 // Values
 
 bool NkInput::read(int& value) {
-  if (m_gaveUp)
-    return false;
-  if (!m_isBinary)
-    return readInteger(value);
+  if (m_gaveUp) return false;
+  if (!m_isBinary) return readInteger(value);
   std::uint32_t bits = 0;
-  if (!readBits(bits))
-    return false;
+  if (!readBits(bits)) return false;
   value = static_cast<int>(bits);
   return true;
 }
 
 bool NkInput::readBits(std::uint32_t& bits) {
   const unsigned char* bytes = nullptr;
-  if (!readBytes(sizeof(bits), bytes))
-    return false;
+  if (!readBytes(sizeof(bits), bytes)) return false;
   bits = 0;
-  for (std::size_t i = sizeof(bits); i-- > 0;)
-    bits = bits << 8U | bytes[i];
+  for (std::size_t i = sizeof(bits); i-- > 0;) bits = bits << 8U | bytes[i];
   return true;
 }
 
@@ -534,11 +478,9 @@ bool NkInput::readInteger(int& value) {
   skipBlanks();
   const char* p = m_next;
   const bool isNegative = p != m_end && *p == '-';
-  if (p != m_end && (*p == '-' || *p == '+'))
-    ++p;
+  if (p != m_end && (*p == '-' || *p == '+')) ++p;
   const bool isHexadecimal = m_end - p > 2 && *p == '0' && (p[1] == 'x' || p[1] == 'X');
-  if (isHexadecimal)
-    p += 2;
+  if (isHexadecimal) p += 2;
   std::uint32_t number = 0;
   const auto [behind, problem] = std::from_chars(p, m_end, number, isHexadecimal ? 16 : 10);
   if (problem == std::errc::invalid_argument || (behind != m_end && hasClass(*behind, WORD)))
@@ -555,30 +497,24 @@ bool NkInput::readInteger(int& value) {
 }
 
 bool NkInput::read(float& value) {
-  if (m_gaveUp)
-    return false;
-  if (!m_isBinary)
-    return readNumber(value);
+  if (m_gaveUp) return false;
+  if (!m_isBinary) return readNumber(value);
   std::uint32_t bits = 0;
-  if (!readBits(bits))
-    return false;
+  if (!readBits(bits)) return false;
   value = std::bit_cast<float>(bits);
   return true;
 }
 
-bool NkInput::read(double& value) {
-  return !m_gaveUp && readNumber(value);
-}
+bool NkInput::read(double& value) { return !m_gaveUp && readNumber(value); }
 
-template <class Number> bool NkInput::readNumber(Number& value) {
+template <class Number>
+bool NkInput::readNumber(Number& value) {
   skipBlanks();
   if constexpr (std::is_same_v<Number, float>) {
-    if (readShortNumber(m_next, m_end, value))
-      return true;
+    if (readShortNumber(m_next, m_end, value)) return true;
   }
   const char* p = m_next;
-  if (m_end - p > 1 && *p == '+' && p[1] != '-')
-    ++p;
+  if (m_end - p > 1 && *p == '+' && p[1] != '-') ++p;
   const auto [behind, problem] = std::from_chars(p, m_end, value);
   if (problem == std::errc::invalid_argument || (behind != m_end && hasClass(*behind, WORD)))
     return wrongValue("a number");
@@ -601,8 +537,7 @@ template <class Number> bool NkInput::readNumber(Number& value) {
 bool NkInput::read(bool& value) {
   if (m_isBinary) {
     int number = 0;
-    if (!read(number))
-      return false;
+    if (!read(number)) return false;
     if (number != 0 && number != 1) {
       fatal("neither 0 nor 1 stands for a truth value: %d", number);
       return false;
@@ -625,16 +560,13 @@ bool NkInput::read(std::string_view& text) {
   if (m_isBinary) {
     int length = 0;
     const unsigned char* bytes = nullptr;
-    if (!readCount(length, 1) || !readBytes(static_cast<std::size_t>(length), bytes))
-      return false;
+    if (!readCount(length, 1) || !readBytes(static_cast<std::size_t>(length), bytes)) return false;
     text = {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length)};
     return true;
   }
-  if (peek() == '"')
-    return readQuoted(text);
+  if (peek() == '"') return readQuoted(text);
   text = peekWord();
-  if (text.empty())
-    return wrongValue("a string");
+  if (text.empty()) return wrongValue("a string");
   take(text);
   return true;
 }
@@ -645,15 +577,14 @@ bool NkInput::readQuoted(std::string_view& text) {
   const char* piece = m_next + 1;
   m_scratch.clear();
   for (;;) {
-    const auto* quote =
-        static_cast<const char*>(piece == m_end ? nullptr : std::memchr(piece, '"', static_cast<std::size_t>(m_end - piece)));
+    const auto* quote = static_cast<const char*>(
+        piece == m_end ? nullptr : std::memchr(piece, '"', static_cast<std::size_t>(m_end - piece)));
     if (!quote) {
       fatal("this string is never closed");
       return false;
     }
     const char* backslashes = quote;
-    while (backslashes != piece && backslashes[-1] == '\\')
-      --backslashes;
+    while (backslashes != piece && backslashes[-1] == '\\') --backslashes;
     const auto count = static_cast<std::size_t>(quote - backslashes);
     if (count == 0 && m_scratch.empty()) {
       text = {piece, static_cast<std::size_t>(quote - piece)};
@@ -672,8 +603,7 @@ bool NkInput::readQuoted(std::string_view& text) {
 }
 
 bool NkInput::readCount(int& count, std::size_t bytesEach) {
-  if (!read(count))
-    return false;
+  if (!read(count)) return false;
   if (count < 0 || static_cast<std::size_t>(count) > getRest() / bytesEach) {
     fatal("a count of %d is more than the file can hold", count);
     return false;
@@ -682,8 +612,7 @@ bool NkInput::readCount(int& count, std::size_t bytesEach) {
 }
 
 bool NkInput::readBytes(std::size_t count, const unsigned char*& bytes) {
-  if (m_gaveUp)
-    return false;
+  if (m_gaveUp) return false;
   m_token = m_next;
   if (getRest() < count) {
     fatal("the file ends within a value");

@@ -74,7 +74,13 @@ public:
   /// The name that comes next: letters, digits and so on, no digit in front. Empty if something else comes next.
   std::string_view peekName();
   /// Goes behind a token that was looked at with `peekName`.
-  void take(std::string_view token) { m_next = token.data() + token.size(); }
+  void take(std::string_view token) {
+    if (!token.empty()) m_next = token.data() + token.size();
+  }
+  /// Goes back to the start of a token.
+  void putBack(std::string_view token) {
+    if (!token.empty()) m_next = m_token = token.data();
+  }
   /// A run of characters up to a blank, a quote or one of , [ ] { } ( ) | = #; empty if there is none.
   std::string_view peekWord();
   /// The name of an object: as above, with a `+N` that tells it from others of that name, or any text in quotes.
@@ -119,19 +125,20 @@ private:
   void skipBlanks();
   void skipBraces();
   bool readInteger(int& value);
-  template <class Number> bool readNumber(Number& value);
+  template <class Number>
+  bool readNumber(Number& value);
   bool readQuoted(std::string_view& text);
   bool readBits(std::uint32_t& bits);
   bool wrongValue(const char* expected);
   void post(std::size_t position, const char* format, std::va_list arguments);
 
   NbString m_fileName;
-  std::string m_contents;  // Of a file.
+  std::string m_contents; // Of a file.
   const char* m_data = nullptr;
   const char* m_next = nullptr;
   const char* m_end = nullptr;
   const char* m_token = nullptr;
-  std::string m_scratch;  // A string whose escapes are resolved.
+  std::string m_scratch; // A string whose escapes are resolved.
   float m_version = kNewestVersion;
   bool m_isBinary = false;
   bool m_gaveUp = false;
@@ -157,4 +164,4 @@ private:
   std::size_t m_distance;
 };
 
-}  // namespace arbora
+} // namespace arbora

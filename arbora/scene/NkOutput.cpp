@@ -53,9 +53,7 @@ WritePass::~WritePass() {
   m_out->forgetObjects();
 }
 
-unsigned WritePass::current() {
-  return t_pass;
-}
+unsigned WritePass::current() { return t_pass; }
 
 } // namespace arbora
 
@@ -83,24 +81,20 @@ bool NkOutput::openFile(const NbString& name) {
 }
 
 bool NkOutput::closeFile() {
-  if (!m_file)
-    return true;
+  if (!m_file) return true;
   flush();
-  if (std::fclose(m_file) != 0 && m_errorNumber == 0)
-    m_errorNumber = errno;
+  if (std::fclose(m_file) != 0 && m_errorNumber == 0) m_errorNumber = errno;
   m_file = nullptr;
   const int errorNumber = m_errorNumber;
   setBuffer();
-  if (errorNumber == 0)
-    return true;
+  if (errorNumber == 0) return true;
   const std::string why = std::generic_category().message(errorNumber);
   NkDebugError::post("", "%s: error: can't be written: %s", m_fileName.toUtf8().c_str(), why.c_str());
   return false;
 }
 
 void NkOutput::setBuffer() {
-  if (m_file)
-    closeFile();
+  if (m_file) closeFile();
   m_buffer.clear();
   m_lineStart = 0;
   m_indent = 0;
@@ -124,17 +118,13 @@ void NkOutput::flush() {
 }
 
 void NkOutput::setBinary(bool flag) {
-  if (!m_hasHeader)
-    m_isBinary = flag;
+  if (!m_hasHeader) m_isBinary = flag;
 }
 
-bool NkOutput::isBinary() const {
-  return m_isBinary;
-}
+bool NkOutput::isBinary() const { return m_isBinary; }
 
 void NkOutput::writeFileHeader() {
-  if (m_hasHeader)
-    return;
+  if (m_hasHeader) return;
   m_hasHeader = true;
   m_buffer += m_isBinary ? "#Arbora V2.1 binary\n" : "#Arbora V2.1 ascii\n";
 }
@@ -197,8 +187,7 @@ void NkOutput::writeText(std::string_view text) {
     const std::string_view piece = text.substr(0, quote);
     const std::size_t behindText = piece.find_last_not_of('\\') + 1;
     m_buffer.append(piece).append(piece.size() - behindText, '\\');
-    if (quote == std::string_view::npos)
-      break;
+    if (quote == std::string_view::npos) break;
     m_buffer += "\\\"";
     text.remove_prefix(quote + 1);
   }
@@ -210,8 +199,7 @@ void NkOutput::writeBytes(const void* bytes, std::size_t size) {
 }
 
 void NkOutput::writeRaw(std::string_view text) {
-  if (!m_isBinary)
-    m_buffer += text;
+  if (!m_isBinary) m_buffer += text;
 }
 
 void NkOutput::writeHexadecimal(std::uint32_t value) {
@@ -228,31 +216,27 @@ void NkOutput::writeObjectName(std::string_view name) {
 
 void NkOutput::startLine() {
   if (m_isBinary) {
-    if (m_file && m_buffer.size() >= kFlushSize)
-      flush();
+    if (m_file && m_buffer.size() >= kFlushSize) flush();
     return;
   }
   if (m_isValue) {
     m_isValue = false;
     return;
   }
-  if (m_file && m_buffer.size() >= kFlushSize)
-    flush();
+  if (m_file && m_buffer.size() >= kFlushSize) flush();
   m_buffer += '\n';
   m_lineStart = m_buffer.size();
   m_buffer.append(static_cast<std::size_t>(std::max(m_indent, 0)) * 2, ' ');
 }
 
 void NkOutput::openBrace(char brace) {
-  if (m_isBinary)
-    return;
+  if (m_isBinary) return;
   m_buffer += brace;
   ++m_indent;
 }
 
 void NkOutput::closeBrace(char brace) {
-  if (m_isBinary)
-    return;
+  if (m_isBinary) return;
   --m_indent;
   const char last = m_buffer.empty() ? '\n' : m_buffer.back();
   if (last == '{' || last == '[')
@@ -263,8 +247,7 @@ void NkOutput::closeBrace(char brace) {
 }
 
 void NkOutput::separate() {
-  if (m_isBinary)
-    return;
+  if (m_isBinary) return;
   if (m_buffer.size() - m_lineStart < kLineLength) {
     m_buffer += ' ';
     return;
@@ -277,16 +260,14 @@ void NkOutput::separate() {
 
 const std::string& NkOutput::getFileName(const NkBase* object) {
   std::string& name = m_references[object].name;
-  if (name.empty())
-    name = makeFileName(object->getName().getString());
+  if (name.empty()) name = makeFileName(object->getName().getString());
   return name;
 }
 
 std::string NkOutput::makeFileName(const std::string& own) {
   const auto [entry, isNew] = m_usedNames.try_emplace(own, 0);
-  if (isNew && !own.empty() && !endsInNumber(own))
-    return own;
-  int& number = entry->second;  // Stays where it is when names are added.
+  if (isNew && !own.empty() && !endsInNumber(own)) return own;
+  int& number = entry->second; // Stays where it is when names are added.
   std::string name;
   do {
     name = own + "+" + std::to_string(++number);
@@ -294,9 +275,7 @@ std::string NkOutput::makeFileName(const std::string& own) {
   return name;
 }
 
-bool NkOutput::markWritten(const NkBase* object) {
-  return std::exchange(m_references[object].isWritten, true);
-}
+bool NkOutput::markWritten(const NkBase* object) { return std::exchange(m_references[object].isWritten, true); }
 
 void NkOutput::forgetObjects() {
   m_references.clear();

@@ -53,7 +53,7 @@ public:
   /// In text alone.
   void write(double value);
   void write(bool value);
-  void write(const char* text) = delete;  // It would count as a truth value.
+  void write(const char* text) = delete; // It would count as a truth value.
   /// Text in UTF-8, in quotes.
   void writeText(std::string_view text);
   void writeBytes(const void* bytes, std::size_t size);
@@ -104,7 +104,7 @@ private:
   std::FILE* m_file = nullptr;
   std::size_t m_lineStart = 0;
   int m_indent = 0;
-  int m_errorNumber = 0;  // Of the system, once writing failed.
+  int m_errorNumber = 0; // Of the system, once writing failed.
   bool m_isBinary = false;
   bool m_isValue = false;
   bool m_hasHeader = false;
@@ -112,7 +112,7 @@ private:
   NkWriteAction* m_action = nullptr;
   std::unordered_map<const NkBase*, Reference> m_references;
   std::unordered_set<const NkBase*> m_required;
-  std::unordered_map<std::string, int> m_usedNames;  // With the last number that was put behind each.
+  std::unordered_map<std::string, int> m_usedNames; // With the last number that was put behind each.
 };
 
 namespace arbora {

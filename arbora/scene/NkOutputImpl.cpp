@@ -1,5 +1,3 @@
 #include "arbora/scene/NkOutputImpl.h"
 
-bool NkOutputImpl::isSynchronizing(const NkOutput* /*out*/) {
-  return false;
-}
+bool NkOutputImpl::isSynchronizing(const NkOutput* /*out*/) { return false; }

@@ -12,8 +12,7 @@
 bool NkPath::readInstance(NkInput* in, unsigned short /*flags*/) {
   arbora::Ref<NkBase> head;
   std::vector<int> indices;
-  if (!in->reader().readValue(head, NkNode::getClassTypeId()) || !arbora::readFieldValues(in, indices))
-    return false;
+  if (!in->reader().readValue(head, NkNode::getClassTypeId()) || !arbora::readFieldValues(in, indices)) return false;
   setHead(static_cast<NkNode*>(head.get()));
   for (const int index : indices) {
     const NkChildList* children = m_nodes.empty() ? nullptr : m_nodes.back().node->getChildren();
@@ -31,12 +30,10 @@ void NkPath::write(NkWriteAction* action) {
   NkOutput* out = action->getOutput();
   if (out->getStage() == NkOutput::COUNT_REFS) {
     addWriteReference(out);
-    if (!hasMultipleWriteRefs())
-      action->writePathNodes(this);
+    if (!hasMultipleWriteRefs()) action->writePathNodes(this);
     return;
   }
-  if (writeHeader(out, false))
-    return;
+  if (writeHeader(out, false)) return;
   action->writePathNodes(this);
   std::vector<int> indices;
   for (int i = 1; i < fullLength(); ++i) {

@@ -13,24 +13,19 @@ NkWriteAction::NkWriteAction(NkOutput* out)
 
 NkWriteAction::~NkWriteAction() = default;
 
-NkType NkWriteAction::getClassTypeId() {
-  return s_classTypeId;
-}
+NkType NkWriteAction::getClassTypeId() { return s_classTypeId; }
 
-NkType NkWriteAction::getTypeId() const {
-  return s_classTypeId;
-}
+NkType NkWriteAction::getTypeId() const { return s_classTypeId; }
 
-void NkWriteAction::initClass() {
-  s_classTypeId = NkType::createType(NkAction::getClassTypeId(), "WriteAction");
-}
+void NkWriteAction::initClass() { s_classTypeId = NkType::createType(NkAction::getClassTypeId(), "WriteAction"); }
 
 void NkWriteAction::exitClass() {
   NkType::removeType("WriteAction");
   s_classTypeId = NkType::badType();
 }
 
-template <class WriteStage> void NkWriteAction::write(WriteStage writeStage) {
+template <class WriteStage>
+void NkWriteAction::write(WriteStage writeStage) {
   const arbora::WritePass pass(m_out, this);
   writeStage();
   m_out->setStage(NkOutput::WRITE);
@@ -40,29 +35,23 @@ template <class WriteStage> void NkWriteAction::write(WriteStage writeStage) {
 }
 
 void NkWriteAction::apply(NkNode* root) {
-  if (root)
-    write([&] { NkAction::apply(root); });
+  if (root) write([&] { NkAction::apply(root); });
 }
 
 void NkWriteAction::apply(NkPath* path) {
-  if (path && path->getHead())
-    write([&] { path->write(this); });
+  if (path && path->getHead()) write([&] { path->write(this); });
 }
 
 void NkWriteAction::apply(const NkPathList& paths) {
-  for (int i = 0; i < paths.getLength(); ++i)
-    apply(paths[i]);
+  for (int i = 0; i < paths.getLength(); ++i) apply(paths[i]);
 }
 
-void NkWriteAction::dispatch(NkNode* node) {
-  node->write(this);
-}
+void NkWriteAction::dispatch(NkNode* node) { node->write(this); }
 
 int NkWriteAction::getLastChild(int numChildren) const {
   int count = 0;
   const int* indices = nullptr;
-  if (getPathCode(count, indices) != IN_PATH || count == 0)
-    return numChildren - 1;
+  if (getPathCode(count, indices) != IN_PATH || count == 0) return numChildren - 1;
   return std::min(indices[count - 1], numChildren - 1);
 }
 
@@ -76,6 +65,4 @@ void NkWriteAction::writeFieldNode(NkNode* node) {
   besidePath.forwardTraversal(node);
 }
 
-void NkWriteAction::writePathNodes(NkPath* path) {
-  NkAction::apply(path);
-}
+void NkWriteAction::writePathNodes(NkPath* path) { NkAction::apply(path); }

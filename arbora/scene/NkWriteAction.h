@@ -40,7 +40,8 @@ protected:
 
 private:
   /// Runs both stages.
-  template <class WriteStage> void write(WriteStage writeStage);
+  template <class WriteStage>
+  void write(WriteStage writeStage);
 
   static NkType s_classTypeId;
   std::unique_ptr<NkOutput> m_ownOut;

@@ -21,17 +21,13 @@ std::string_view withoutSuffix(std::string_view name) {
   return name.substr(0, plus);
 }
 
-bool isVowel(char c) {
-  return std::string_view("AEIOUaeiou").find(c) != std::string_view::npos;
-}
+bool isVowel(char c) { return std::string_view("AEIOUaeiou").find(c) != std::string_view::npos; }
 
 std::string withArticle(std::string_view noun) {
   return (!noun.empty() && isVowel(noun.front()) ? "an " : "a ") + std::string(noun);
 }
 
-std::string typeName(NkType type) {
-  return type.getName().getString();
-}
+std::string typeName(NkType type) { return type.getName().getString(); }
 
 NkFieldContainer* asContainer(NkBase* object) {
   return object && object->isOfType(NkFieldContainer::getClassTypeId()) ? static_cast<NkFieldContainer*>(object)
@@ -41,8 +37,7 @@ NkFieldContainer* asContainer(NkBase* object) {
 // Hands the object on without the reference; nobody needs to have one.
 NkBase* release(Ref<NkBase>& reference) {
   NkBase* object = reference.get();
-  if (!object)
-    return nullptr;
+  if (!object) return nullptr;
   object->ref();
   reference = Ref<NkBase>();
   object->unrefNoDelete();
@@ -55,8 +50,7 @@ const NkFieldData* fieldsOf(const NkFieldContainer* container) {
 
 bool isField(const NkFieldData* fields, std::string_view name) {
   for (int i = 0; fields && i < fields->getNumFields(); ++i) {
-    if (fields->getFieldName(i).getView() == name)
-      return true;
+    if (fields->getFieldName(i).getView() == name) return true;
   }
   return false;
 }
@@ -74,10 +68,8 @@ bool ObjectReader::read(NkBase*& object, NkType expected, bool pathsToo) {
   const NkType type = expected == NkBase::getClassTypeId() && !pathsToo ? NkFieldContainer::getClassTypeId() : expected;
   bool ok = readObject(result, type, place);
   --m_depth;
-  if (m_depth == 0 && m_open.empty())
-    ok = finish() && ok;
-  if (!ok)
-    return false;
+  if (m_depth == 0 && m_open.empty()) ok = finish() && ok;
+  if (!ok) return false;
   object = release(result);
   return true;
 }
@@ -90,8 +82,7 @@ bool ObjectReader::readValue(Ref<NkBase>& object, NkType expected) {
   ++m_depth;
   bool ok = readObject(object, expected, VALUE);
   --m_depth;
-  if (m_depth == 0 && m_open.empty())
-    ok = finish() && ok;
+  if (m_depth == 0 && m_open.empty()) ok = finish() && ok;
   return ok;
 }
 
@@ -99,8 +90,7 @@ bool ObjectReader::readAll(NkType expected, const std::function<void(NkBase*)>& 
   ++m_depth;
   while (!m_in.atEnd() && !m_in.hasGivenUp()) {
     Ref<NkBase> object;
-    if (!readObject(object, expected, CHILD))
-      break;
+    if (!readObject(object, expected, CHILD)) break;
     if (object)
       take(object.get());
     else if (m_in.take('}'))
@@ -113,17 +103,16 @@ bool ObjectReader::readAll(NkType expected, const std::function<void(NkBase*)>& 
 bool ObjectReader::finish() {
   for (const Connection& connection : m_connections) {
     const auto source = m_names.find(connection.sourceName);
-    const NkFieldContainer* container =
-        source == m_names.end() ? nullptr : asContainer(source->second.object.get());
+    const NkFieldContainer* container = source == m_names.end() ? nullptr : asContainer(source->second.object.get());
     const std::string described = quoted(connection.sourceName);
     if (!container) {
-      if (!m_skippedNodes)
-        m_in.errorAt(connection.position, "nothing is named %s", described.c_str());
+      if (!m_skippedNodes) m_in.errorAt(connection.position, "nothing is named %s", described.c_str());
       continue;
     }
     NkField* field = container->getField(NbName(std::string_view(connection.sourceField)));
     if (!field) {
-      m_in.errorAt(connection.position, "%s has no field %s", described.c_str(), quoted(connection.sourceField).c_str());
+      m_in.errorAt(connection.position, "%s has no field %s", described.c_str(),
+                   quoted(connection.sourceField).c_str());
     } else if (field == connection.field || field->getTypeId() != connection.field->getTypeId()) {
       m_in.errorAt(connection.position, "a field of type %s can't follow %s.%s, which is of type %s",
                    typeName(connection.field->getTypeId()).c_str(), described.c_str(), connection.sourceField.c_str(),
@@ -138,16 +127,14 @@ bool ObjectReader::finish() {
 }
 
 bool ObjectReader::readObject(Ref<NkBase>& object, NkType expected, Place place) {
-  if (m_in.hasGivenUp())
-    return false;
+  if (m_in.hasGivenUp()) return false;
   return m_in.isBinary() ? readBinary(object, expected, place) : readText(object, expected, place);
 }
 
 // Making objects
 
 NkType ObjectReader::findType(std::string_view name) {
-  if (name.empty())
-    return NkType::badType();
+  if (name.empty()) return NkType::badType();
   const auto code = [](char c) { return static_cast<unsigned char>(c); };
   const std::size_t hash = name.size() * 31 + code(name.front()) * 7U + code(name.back());
   CachedType& cached = m_types[hash % m_types.size()];
@@ -161,8 +148,7 @@ NkType ObjectReader::findType(std::string_view name) {
 
 ObjectReader::Names::value_type* ObjectReader::define(std::string_view name) {
   auto entry = m_names.find(name);
-  if (entry == m_names.end())
-    entry = m_names.emplace(std::string(name), Named()).first;
+  if (entry == m_names.end()) entry = m_names.emplace(std::string(name), Named()).first;
   entry->second = Named();
   return &*entry;
 }
@@ -174,11 +160,9 @@ void ObjectReader::reportUnknownType(std::string_view name, std::size_t position
     NkType::getAllDerivedFrom(family, types);
     Suggestion likely(name);
     for (const NkType type : types) {
-      if (type.canCreateInstance())
-        likely.consider(type.getName().getView());
+      if (type.canCreateInstance()) likely.consider(type.getName().getView());
     }
-    if (suggestion.empty())
-      suggestion = likely.text();
+    if (suggestion.empty()) suggestion = likely.text();
   }
   m_in.errorAt(position, "there is no node type %s%s", quoted(name).c_str(), suggestion.c_str());
 }
@@ -205,8 +189,7 @@ bool ObjectReader::open(Ref<NkBase>& object, NkType type, Names::value_type* nam
   object = Ref<NkBase>(type.createInstance());
   if (named) {
     const std::string_view name = withoutSuffix(named->first);
-    if (!name.empty())
-      object->setName(NbName(name));
+    if (!name.empty()) object->setName(NbName(name));
     named->second.object = object;
   }
   m_open.push_back({object.get(), named ? &named->second : nullptr, m_in.getTokenPosition(), false});
@@ -216,15 +199,13 @@ bool ObjectReader::open(Ref<NkBase>& object, NkType type, Names::value_type* nam
 void ObjectReader::close() {
   const OpenObject& closed = m_open.back();
   // Another object may have taken the name over inside.
-  if (closed.named && closed.named->object.get() == closed.object)
-    closed.named->complete = true;
+  if (closed.named && closed.named->object.get() == closed.object) closed.named->complete = true;
   m_open.pop_back();
 }
 
 bool ObjectReader::readContents(NkBase* object, unsigned short flags) {
   const int errors = m_in.getErrorCount();
-  if (object->readInstance(&m_in, flags))
-    return true;
+  if (object->readInstance(&m_in, flags)) return true;
   if (m_in.getErrorCount() == errors && !m_in.hasGivenUp())
     m_in.error("this %s can't be read", object->getFileFormatName());
   return false;
@@ -232,15 +213,12 @@ bool ObjectReader::readContents(NkBase* object, unsigned short flags) {
 
 ObjectReader::Outcome ObjectReader::readUse(Ref<NkBase>& object, NkType expected) {
   std::string_view name;
-  if (!m_in.readObjectName(name))
-    return FAILED;
+  if (!m_in.readObjectName(name)) return FAILED;
   const auto entry = m_names.find(name);
   if (entry == m_names.end() || !entry->second.object) {
-    if (m_skippedNodes)
-      return SKIPPED;
+    if (m_skippedNodes) return SKIPPED;
     Suggestion suggestion(name);
-    for (const auto& [candidate, named] : m_names)
-      suggestion.consider(candidate);
+    for (const auto& [candidate, named] : m_names) suggestion.consider(candidate);
     m_in.error("nothing ahead of this is named %s%s", quoted(name).c_str(), suggestion.text().c_str());
     return SKIPPED;
   }
@@ -266,29 +244,38 @@ NkFieldContainer* ObjectReader::enclosing() const {
 bool ObjectReader::readText(Ref<NkBase>& object, NkType expected, Place place) {
   for (;;) {
     const int next = m_in.peek();
-    if (place != VALUE && (next < 0 || next == '}'))
-      return true;
+    if (place != VALUE && (next < 0 || next == '}')) return true;
     const Outcome outcome = readTextNode(object, expected, place);
-    if (outcome == READ)
-      return true;
-    if (m_in.hasGivenUp())
-      return false;
-    if (place == VALUE)
-      return outcome == SKIPPED;
-    if (place == TOP)
-      return false;
-    if (outcome == FAILED)
-      resume(fieldsOf(enclosing()));
+    if (outcome == READ) return true;
+    if (m_in.hasGivenUp()) return false;
+    if (place == VALUE) return outcome == SKIPPED;
+    if (place == TOP) return false;
+    if (outcome == FAILED) resume(fieldsOf(enclosing()));
   }
+}
+
+ObjectReader::Outcome ObjectReader::rejectName(std::string_view name, std::size_t position, NkType expected,
+                                               bool mayBeField) {
+  if (mayBeField) {
+    skipUnknownField(name, position);
+    return SKIPPED;
+  }
+  if (!expected.isBad())
+    reportUnknownType(name, position, expected);
+  else
+    m_in.error("'{' expected behind %s, found %s", quoted(name).c_str(), m_in.describeNext().c_str());
+  return FAILED;
+}
+
+ObjectReader::Outcome ObjectReader::rejectToken(const char* expected) {
+  m_in.error("%s expected, found %s", expected, m_in.describeNext().c_str());
+  return FAILED;
 }
 
 ObjectReader::Outcome ObjectReader::readTextNode(Ref<NkBase>& object, NkType expected, Place place) {
   std::string_view name = m_in.peekName();
   std::size_t position = m_in.getTokenPosition();
-  if (name.empty()) {
-    m_in.error("a node expected, found %s", m_in.describeNext().c_str());
-    return FAILED;
-  }
+  if (name.empty()) return rejectToken("a node");
   if (name == kUse) {
     m_in.take(name);
     return readUse(object, expected);
@@ -296,54 +283,38 @@ ObjectReader::Outcome ObjectReader::readTextNode(Ref<NkBase>& object, NkType exp
   Names::value_type* named = nullptr;
   if (name == kDefine) {
     m_in.take(name);
-    if (!m_in.readObjectName(name))
-      return FAILED;
+    if (!m_in.readObjectName(name)) return FAILED;
     named = define(name);
     name = m_in.peekName();
     position = m_in.getTokenPosition();
-    if (name.empty()) {
-      m_in.error("a node type expected, found %s", m_in.describeNext().c_str());
-      return FAILED;
-    }
+    if (name.empty()) return rejectToken("a node type");
   }
   const NkType type = findType(name);
   m_in.take(name);
   if (m_in.peek() != '{') {
-    if (place == CHILD && !named && type.isBad() && enclosing()) {
-      skipUnknownField(name, position);
-      return SKIPPED;
-    }
-    if (type.isBad())
-      reportUnknownType(name, position, expected);
-    else
-      m_in.error("'{' expected behind %s, found %s", quoted(name).c_str(), m_in.describeNext().c_str());
-    return FAILED;
+    const bool mayBeField = place == CHILD && !named && type.isBad() && enclosing();
+    return rejectName(name, position, type.isBad() ? expected : NkType::badType(), mayBeField);
   }
-  if (place == CHILD && !m_open.empty())
-    m_open.back().hasChildren = true;
+  if (place == CHILD && !m_open.empty()) m_open.back().hasChildren = true;
   if (!accepts(type, name, position, expected)) {
     m_skippedNodes = true;
     m_in.skipToken();
     return SKIPPED;
   }
   m_in.take('{');
-  if (!open(object, type, named))
-    return FAILED;
+  if (!open(object, type, named)) return FAILED;
   readContents(object.get(), 0);
   const bool closed = closeText();
   close();
-  if (closed)
-    return READ;
+  if (closed) return READ;
   object = Ref<NkBase>();
   return FAILED;
 }
 
 bool ObjectReader::closeText() {
   for (;;) {
-    if (m_in.hasGivenUp())
-      return false;
-    if (m_in.take('}'))
-      return true;
+    if (m_in.hasGivenUp()) return false;
+    if (m_in.take('}')) return true;
     const OpenObject& open = m_open.back();
     if (m_in.peek() < 0) {
       m_in.fatal("'}' expected for the '{' at %s", m_in.describePosition(open.brace).c_str());
@@ -366,14 +337,11 @@ bool ObjectReader::closeText() {
 }
 
 bool ObjectReader::isNodeAhead(std::string_view name) {
-  if (name == kDefine || name == kUse)
-    return true;
-  if (name.empty())
-    return false;
+  if (name == kDefine || name == kUse) return true;
+  if (name.empty()) return false;
   m_in.take(name);
   const bool isNode = m_in.peek() == '{';
-  m_in.take(name.substr(0, 0));
-  m_in.peek();  // The last token is the name again.
+  m_in.putBack(name);
   return isNode;
 }
 
@@ -383,19 +351,16 @@ void ObjectReader::skipNode() {
   m_skippedNodes = true;
   if (name == kDefine || name == kUse) {
     const bool isUse = name == kUse;
-    if (!m_in.readObjectName(name) || isUse)
-      return;
+    if (!m_in.readObjectName(name) || isUse) return;
     m_in.take(m_in.peekName());
   }
-  if (m_in.peek() == '{')
-    m_in.skipToken();
+  if (m_in.peek() == '{') m_in.skipToken();
 }
 
 void ObjectReader::resume(const NkFieldData* fields) {
   while (m_in.peek() >= 0 && m_in.peek() != '}' && !m_in.hasGivenUp()) {
     const std::string_view name = m_in.peekName();
-    if (isNodeAhead(name) || (!name.empty() && isField(fields, name)))
-      return;
+    if (isNodeAhead(name) || (!name.empty() && isField(fields, name))) return;
     m_in.skipToken();
   }
 }
@@ -405,8 +370,7 @@ void ObjectReader::skipValue(const NkFieldData* fields) {
   if (first == '[' || first == '(') {
     const char last = first == '[' ? ']' : ')';
     while (m_in.peek() >= 0 && m_in.peek() != '}' && !m_in.hasGivenUp()) {
-      if (m_in.take(last))
-        return;
+      if (m_in.take(last)) return;
       m_in.skipToken();
     }
     return;
@@ -421,12 +385,10 @@ void ObjectReader::skipValue(const NkFieldData* fields) {
     m_in.skipToken();
 }
 
-void ObjectReader::reportUnknownField(const NkFieldContainer* container, std::string_view name,
-                                      std::size_t position) {
+void ObjectReader::reportUnknownField(const NkFieldContainer* container, std::string_view name, std::size_t position) {
   Suggestion suggestion(name);
   const NkFieldData* fields = container->getFieldData();
-  for (int i = 0; fields && i < fields->getNumFields(); ++i)
-    suggestion.consider(fields->getFieldName(i).getView());
+  for (int i = 0; fields && i < fields->getNumFields(); ++i) suggestion.consider(fields->getFieldName(i).getView());
   m_in.errorAt(position, "%s has no field %s%s", withArticle(container->getFileFormatName()).c_str(),
                quoted(name).c_str(), suggestion.text().c_str());
 }
@@ -442,24 +404,20 @@ void ObjectReader::skipUnknownField(std::string_view name, std::size_t position)
   else
     m_in.errorAt(position, "%s is unexpected here", quoted(name).c_str());
   skipValue(fields);
-  if (m_in.peekName().empty())
-    resume(fields);
-  if (fields && !hasChildren)
-    fields->read(&m_in, container);
+  if (m_in.peekName().empty()) resume(fields);
+  if (fields && !hasChildren) fields->read(&m_in, container);
 }
 
 // Fields
 
 bool ObjectReader::readField(NkFieldContainer* container, NkField* field) {
-  if (m_in.peek() != '=' && !field->readValue(&m_in))
-    return false;
+  if (m_in.peek() != '=' && !field->readValue(&m_in)) return false;
   return !m_in.take('=') || readConnection(container, field);
 }
 
 bool ObjectReader::readConnection(NkFieldContainer* container, NkField* field) {
   std::string_view text;
-  if (!m_in.readObjectName(text))
-    return false;
+  if (!m_in.readObjectName(text)) return false;
   const std::size_t position = m_in.getTokenPosition();
   const std::string source(text);
   text = m_in.take('.') ? m_in.peekName() : std::string_view();
@@ -482,8 +440,7 @@ bool ObjectReader::readFields(const NkFieldData* fields, NkFieldContainer* conta
   container->ref();
   ++m_depth;
   fields->read(&m_in, container, true);
-  if (!m_in.atEnd())
-    m_in.error("the name of a field expected, found %s", m_in.describeNext().c_str());
+  if (!m_in.atEnd()) m_in.error("the name of a field expected, found %s", m_in.describeNext().c_str());
   --m_depth;
   const bool ok = finish();
   container->unrefNoDelete();
@@ -493,24 +450,19 @@ bool ObjectReader::readFields(const NkFieldData* fields, NkFieldContainer* conta
 // Binary
 
 bool ObjectReader::readBinary(Ref<NkBase>& object, NkType expected, Place place) {
-  if (place != VALUE && m_open.empty() && m_in.atEnd())
-    return true;
+  if (place != VALUE && m_open.empty() && m_in.atEnd()) return true;
   std::string_view name;
-  if (!m_in.read(name))
-    return false;
-  if (name.empty())
-    return true;
+  if (!m_in.read(name)) return false;
+  if (name.empty()) return true;
   Names::value_type* named = nullptr;
   bool ok = true;
   if (name == kUse) {
     ok = readUse(object, expected) == READ;
   } else {
     if (name == kDefine) {
-      if (!m_in.readObjectName(name))
-        return false;
+      if (!m_in.readObjectName(name)) return false;
       named = define(name);
-      if (!m_in.read(name))
-        return false;
+      if (!m_in.read(name)) return false;
     }
     const NkType type = findType(name);
     int flags = 0;
@@ -520,8 +472,7 @@ bool ObjectReader::readBinary(Ref<NkBase>& object, NkType expected, Place place)
       close();
     }
   }
-  if (ok)
-    return true;
+  if (ok) return true;
   // The place where an object ends is known to the object alone, so nothing behind it can be read.
   m_in.giveUp();
   object = Ref<NkBase>();

@@ -46,14 +46,14 @@ public:
 
 private:
   enum Place {
-    TOP,    // By itself.
-    CHILD,  // Behind the fields of another object, or in a row of objects.
-    VALUE,  // As the value of a field.
+    TOP,   // By itself.
+    CHILD, // Behind the fields of another object, or in a row of objects.
+    VALUE, // As the value of a field.
   };
   enum Outcome {
     READ,
-    SKIPPED,  // What stands there can't be used and was skipped.
-    FAILED,   // What stands there can't be understood.
+    SKIPPED, // What stands there can't be used and was skipped.
+    FAILED,  // What stands there can't be understood.
   };
   struct Named {
     Ref<NkBase> object;
@@ -61,8 +61,8 @@ private:
   };
   struct OpenObject {
     NkBase* object;
-    Named* named;       // NULL for an object without a name.
-    std::size_t brace;  // Position of the opening brace.
+    Named* named;      // NULL for an object without a name.
+    std::size_t brace; // Position of the opening brace.
     bool hasChildren;
   };
   struct Connection {
@@ -86,20 +86,24 @@ private:
   bool readText(Ref<NkBase>& object, NkType expected, Place place);
   Outcome readTextNode(Ref<NkBase>& object, NkType expected, Place place);
   bool readBinary(Ref<NkBase>& object, NkType expected, Place place);
-  Outcome readUse(Ref<NkBase>& object, NkType expected);
-  bool readConnection(NkFieldContainer* container, NkField* field);
+  // Apart, to keep the frames small of what calls itself for each level of nodes.
+  [[gnu::noinline]] Outcome rejectToken(const char* expected);
+  /// Posts a name that opens no node: that of a type if `expected` is bad, else of none that is known.
+  [[gnu::noinline]] Outcome rejectName(std::string_view name, std::size_t position, NkType expected, bool mayBeField);
+  [[gnu::noinline]] Outcome readUse(Ref<NkBase>& object, NkType expected);
+  [[gnu::noinline]] bool readConnection(NkFieldContainer* container, NkField* field);
   bool readContents(NkBase* object, unsigned short flags);
   /// Reads the closing brace, and posts what stands ahead of it.
-  bool closeText();
+  [[gnu::noinline]] bool closeText();
   void skipNode();
 
   /// Makes the object whose contents come next. The last token is its opening brace.
-  bool open(Ref<NkBase>& object, NkType type, Names::value_type* named);
+  [[gnu::noinline]] bool open(Ref<NkBase>& object, NkType type, Names::value_type* named);
   void close();
   /// The entry of a name that `DEF` gives.
   Names::value_type* define(std::string_view name);
   /// Whether an object of the type can stand here; posts why it can't.
-  bool accepts(NkType type, std::string_view name, std::size_t position, NkType expected);
+  [[gnu::noinline]] bool accepts(NkType type, std::string_view name, std::size_t position, NkType expected);
   void reportUnknownType(std::string_view name, std::size_t position, NkType expected);
   /// Posts a name that is neither a field nor a node, and reads the fields on behind it.
   void skipUnknownField(std::string_view name, std::size_t position);
@@ -113,12 +117,12 @@ private:
   NkType findType(std::string_view name);
 
   NkInput& m_in;
-  int m_depth = 0;  // Readings within one another.
+  int m_depth = 0; // Readings within one another.
   std::vector<OpenObject> m_open;
   Names m_names;
   std::vector<Connection> m_connections;
   std::array<CachedType, 64> m_types;
-  bool m_skippedNodes = false;  // So names may be missing that the file gives.
+  bool m_skippedNodes = false; // So names may be missing that the file gives.
 };
 
-}  // namespace arbora
+} // namespace arbora

@@ -147,8 +147,8 @@ private:
 
 std::shared_ptr<NativeView> NativeView::create(NativeViewClient& client, HWND /*parent*/, const NbString& title,
                                                const NbVec2i32& size, NbString& why) {
-  const bool isFirst = state().open.empty() && state().dead.empty();
-  if (isFirst && !glfwInit()) {
+  // Not ended before the program: the drivers that it loads don't bear being unloaded and loaded again.
+  if (!glfwInit()) {
     why = NbString("No display: set DISPLAY to that of an X server, or start one without a screen "
                    "(Xvfb :1 & export DISPLAY=:1); ") +
           lastError();
@@ -156,8 +156,8 @@ std::shared_ptr<NativeView> NativeView::create(NativeViewClient& client, HWND /*
   }
   GLFWwindow* window = createWindow(title, size);
   if (window == nullptr) {
-    why = NbString("No window with OpenGL 3.3 can be made; install a driver (for Mesa: libgl1-mesa-dri); ") + lastError();
-    if (isFirst) glfwTerminate();
+    why =
+        NbString("No window with OpenGL 3.3 can be made; install a driver (for Mesa: libgl1-mesa-dri); ") + lastError();
     return nullptr;
   }
   return std::make_shared<GlfwView>(client, window);
@@ -165,6 +165,11 @@ std::shared_ptr<NativeView> NativeView::create(NativeViewClient& client, HWND /*
 
 GlfwView::GlfwView(NativeViewClient& client, GLFWwindow* window) : NativeView(client), m_window(window) {
   state().open.push_back(this);
+  {
+    // No more pictures than the screen can show.
+    const CurrentContext current(window);
+    glfwSwapInterval(1);
+  }
   glfwSetWindowUserPointer(window, this);
   glfwSetWindowCloseCallback(window, closeCalled);
   glfwSetFramebufferSizeCallback(window, sizeCalled);
@@ -200,7 +205,6 @@ void GlfwView::destroyDead() {
   if (all.isProcessing || all.dead.empty()) return;
   for (GLFWwindow* window : all.dead) glfwDestroyWindow(window);
   all.dead.clear();
-  if (all.open.empty()) glfwTerminate();
 }
 
 void GlfwView::show() { glfwShowWindow(m_window); }

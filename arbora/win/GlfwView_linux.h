@@ -11,7 +11,7 @@ struct GLFWwindow;
 
 namespace arbora {
 
-/// A view in a window of GLFW, which runs from the first view to the last.
+/// A view in a window of GLFW.
 class GlfwView : public NativeView {
 public:
   GlfwView(NativeViewClient& client, GLFWwindow* window);
@@ -32,7 +32,8 @@ public:
   static bool isAnyOpen();
   /// Paints the views that wait for it.
   static void paintAll();
-  /// Hands out what the user did, after waiting for something if `wait` is set and nothing waits to be painted.
+  /// Hands out what the user did, after waiting for something if `wait` is set and nothing waits to be painted. GLFW
+  /// can't do that inside a call that comes from here: nothing happens there.
   static void processEvents(bool wait);
   /// Ends a wait.
   static void wakeUp();

@@ -58,7 +58,7 @@ public:
 
 protected:
   explicit NativeView(NativeViewClient& client) : m_client(&client) {}
-  NativeViewClient* m_client;  // NULL once closed.
+  NativeViewClient* m_client; // NULL once closed.
 };
 
 } // namespace arbora

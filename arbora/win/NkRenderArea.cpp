@@ -20,7 +20,7 @@ constexpr unsigned kRedrawPriority = 10000;
 } // namespace
 
 /// All of the area. It outlives the area where the area is deleted inside a call that comes from here.
-class NkRenderArea::Content : public arbora::NativeViewClient, public std::enable_shared_from_this<Content> {
+class NkRenderArea::Content final : public arbora::NativeViewClient, public std::enable_shared_from_this<Content> {
 public:
   explicit Content(NkRenderArea* area) : m_area(area), m_sensor(sceneChanged, this) {
     m_sensor.setPriority(kRedrawPriority);

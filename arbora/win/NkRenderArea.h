@@ -22,8 +22,9 @@ class NkNode;
 /// It may be deleted inside any of its own callbacks and inside those of the scene.
 class ARBORAWIN_API NkRenderArea {
 public:
-  /// Makes the window, hidden, 640 by 480 pixels; in a parent it is a child window of the parent's size. Where no window
-  /// can be made, one message says what to do about it and `isOpen` is false; everything else works without effect.
+  /// Makes the window, hidden, 640 by 480 pixels; in a parent it is a child window of the parent's size. Where no
+  /// window can be made, one message says what to do about it and `isOpen` is false; everything else works without
+  /// effect.
   explicit NkRenderArea(HWND parent = nullptr, const NbString& title = NbString());
   ~NkRenderArea();
   NkRenderArea(const NkRenderArea&) = delete;

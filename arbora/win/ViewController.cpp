@@ -40,7 +40,8 @@ NbVec3f focalPointOf(const NkCamera& camera) {
 }
 
 NkOrthographicCamera* asOrthographic(NkCamera* camera) {
-  return camera->isOfType(NkOrthographicCamera::getClassTypeId()) ? static_cast<NkOrthographicCamera*>(camera) : nullptr;
+  return camera->isOfType(NkOrthographicCamera::getClassTypeId()) ? static_cast<NkOrthographicCamera*>(camera)
+                                                                  : nullptr;
 }
 
 Ref<NkPath> findPath(NkNode* root, NkNode* node) {

@@ -66,7 +66,7 @@ private:
     NbVec3f position;
     NbRotation orientation;
     float focalDistance = 0;
-    float height = 0;  // Of an orthographic camera.
+    float height = 0; // Of an orthographic camera.
   };
 
   void useCamera(NkCamera* camera, NkPath* path);
@@ -81,12 +81,12 @@ private:
   Ref<NkSeparator> m_root;
   Ref<NkNode> m_scene;
   Ref<NkCamera> m_camera;
-  Ref<NkPath> m_cameraPath;  // From the root; NULL if the camera stands directly in it.
+  Ref<NkPath> m_cameraPath; // From the root; NULL if the camera stands directly in it.
   NbViewportRegion m_viewport;
   Home m_home;
   bool m_viewing = false;
-  unsigned m_pressed = 0;         // A bit for each mouse button that's down.
-  bool m_dragIsViewing = false;  // What the first of them found.
+  unsigned m_pressed = 0;       // A bit for each mouse button that's down.
+  bool m_dragIsViewing = false; // What the first of them found.
   Motion m_motion = Motion::NONE;
   NbVec2i32 m_lastPosition;
   std::unique_ptr<NkHandleEventAction> m_eventAction;

@@ -84,9 +84,9 @@ const Extensions& extensions() {
 int chooseFormat(HDC deviceContext) {
   if (const ChoosePixelFormatArb choose = extensions().choosePixelFormat) {
     for (const int samples : {4, 0}) {
-      const std::array<int, 17> wanted{kDrawToWindow, 1,  kSupportOpenGL, 1,  kDoubleBuffer,  1,
-                                       kPixelType,    kTypeRgba, kColorBits, 24, kDepthBits, 24,
-                                       kSampleBuffers, samples > 0, kSamples, samples, 0};
+      const std::array<int, 17> wanted{
+          kDrawToWindow, 1,  kSupportOpenGL, 1,           kDoubleBuffer, 1,       kPixelType, kTypeRgba, kColorBits, 24,
+          kDepthBits,    24, kSampleBuffers, samples > 0, kSamples,      samples, 0};
       int format = 0;
       UINT count = 0;
       if (choose(deviceContext, wanted.data(), nullptr, 1, &format, &count) && count > 0) return format;
@@ -231,9 +231,9 @@ bool WindowView::open(HWND parent, const NbString& title, const NbVec2i32& size,
   }
   const int place = m_isChild ? 0 : CW_USEDEFAULT;
   if (registerClass()) {
-    m_window = CreateWindowExW(0, kClass, title.toWideChar().c_str(), m_isChild ? kChildStyle : kTopLevelStyle, place,
-                               place, area.right - area.left, area.bottom - area.top, parent, nullptr,
-                               NkWin::getInstance(), nullptr);
+    m_window =
+        CreateWindowExW(0, kClass, title.toWideChar().c_str(), m_isChild ? kChildStyle : kTopLevelStyle, place, place,
+                        area.right - area.left, area.bottom - area.top, parent, nullptr, NkWin::getInstance(), nullptr);
   }
   if (m_window == nullptr) {
     why = "No window can be made: the program needs a desktop to show it on (under Wine: set DISPLAY, or start Xvfb)";
@@ -258,8 +258,8 @@ bool WindowView::createContext() {
     return false;
   }
   if (extensions().createContext != nullptr) {
-    constexpr std::array<int, 7> kWanted{kContextMajorVersion, 3, kContextMinorVersion,   3,
-                                         kContextProfileMask,  kContextCoreProfileBit, 0};
+    constexpr std::array<int, 7> kWanted{kContextMajorVersion,   3, kContextMinorVersion, 3, kContextProfileMask,
+                                         kContextCoreProfileBit, 0};
     m_context = extensions().createContext(m_deviceContext, nullptr, kWanted.data());
   }
   if (m_context == nullptr) m_context = wglCreateContext(m_deviceContext);

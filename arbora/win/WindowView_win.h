@@ -45,8 +45,8 @@ private:
   HDC m_deviceContext = nullptr;
   HGLRC m_context = nullptr;
   bool m_isChild = false;
-  bool m_isGoing = false;  // The system destroys the window.
-  unsigned m_pressed = 0;  // A bit for each mouse button that's down.
+  bool m_isGoing = false; // The system destroys the window.
+  unsigned m_pressed = 0; // A bit for each mouse button that's down.
 };
 
 } // namespace arbora

@@ -18,13 +18,10 @@ std::string writeAs(NkNode* node, bool binary) {
 class Comparison {
 public:
   std::string compare(NkNode* a, NkNode* b, const std::string& where) {
-    if (!a || !b)
-      return a == b ? "" : where + ": one is NULL";
+    if (!a || !b) return a == b ? "" : where + ": one is NULL";
     const auto [pair, isNew] = m_pairs.emplace(a, b);
-    if (!isNew)
-      return pair->second == b ? "" : where + ": another object stands here";
-    if (a->getTypeId() != b->getTypeId())
-      return where + ": types differ";
+    if (!isNew) return pair->second == b ? "" : where + ": another object stands here";
+    if (a->getTypeId() != b->getTypeId()) return where + ": types differ";
     if (a->getName() != b->getName())
       return where + ": names differ: " + a->getName().getString() + ", " + b->getName().getString();
     NkFieldList fieldsOfA;
@@ -36,8 +33,7 @@ public:
       a->getFieldName(fieldsOfA[i], name);
       const std::string difference =
           compareFields(*fieldsOfA[i], *fieldsOfB[i], where + "." + std::string(name.getString()));
-      if (!difference.empty())
-        return difference;
+      if (!difference.empty()) return difference;
     }
     const NkChildList* childrenOfA = a->getChildren();
     const NkChildList* childrenOfB = b->getChildren();
@@ -46,37 +42,31 @@ public:
     for (int i = 0; childrenOfA && i < childrenOfA->getLength(); ++i) {
       const std::string difference =
           compare((*childrenOfA)[i], (*childrenOfB)[i], where + "[" + std::to_string(i) + "]");
-      if (!difference.empty())
-        return difference;
+      if (!difference.empty()) return difference;
     }
     return "";
   }
 
 private:
   std::string compareFields(const NkField& a, const NkField& b, const std::string& where) {
-    if (a.isDefault() != b.isDefault())
-      return where + ": default flags differ";
-    if (a.isConnected() != b.isConnected())
-      return where + ": connections differ";
-    if (a.isConnected() && a.getConnectedField()->getContainer()->getName() !=
-                               b.getConnectedField()->getContainer()->getName())
+    if (a.isDefault() != b.isDefault()) return where + ": default flags differ";
+    if (a.isConnected() != b.isConnected()) return where + ": connections differ";
+    if (a.isConnected() &&
+        a.getConnectedField()->getContainer()->getName() != b.getConnectedField()->getContainer()->getName())
       return where + ": sources differ";
     if (a.getTypeId() == NkSFNode::getClassTypeId())
       return compare(static_cast<const NkSFNode&>(a).getValue(), static_cast<const NkSFNode&>(b).getValue(), where);
     if (a.getTypeId() == NkMFNode::getClassTypeId()) {
       const auto& nodesOfA = static_cast<const NkMFNode&>(a);
       const auto& nodesOfB = static_cast<const NkMFNode&>(b);
-      if (nodesOfA.getNum() != nodesOfB.getNum())
-        return where + ": numbers of nodes differ";
+      if (nodesOfA.getNum() != nodesOfB.getNum()) return where + ": numbers of nodes differ";
       for (int i = 0; i < nodesOfA.getNum(); ++i) {
         const std::string difference = compare(nodesOfA[i], nodesOfB[i], where + "[" + std::to_string(i) + "]");
-        if (!difference.empty())
-          return difference;
+        if (!difference.empty()) return difference;
       }
       return "";
     }
-    if (!a.isSame(b))
-      return where + ": values differ: " + a.get().toUtf8() + " and " + b.get().toUtf8();
+    if (!a.isSame(b)) return where + ": values differ: " + a.get().toUtf8() + " and " + b.get().toUtf8();
     return "";
   }
 
@@ -85,14 +75,8 @@ private:
 
 } // namespace
 
-std::string FileTest::writeText(NkNode* node) {
-  return writeAs(node, false);
-}
+std::string FileTest::writeText(NkNode* node) { return writeAs(node, false); }
 
-std::string FileTest::writeBinary(NkNode* node) {
-  return writeAs(node, true);
-}
+std::string FileTest::writeBinary(NkNode* node) { return writeAs(node, true); }
 
-std::string FileTest::difference(NkNode* a, NkNode* b) {
-  return Comparison().compare(a, b, "root");
-}
+std::string FileTest::difference(NkNode* a, NkNode* b) { return Comparison().compare(a, b, "root"); }

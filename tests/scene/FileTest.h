@@ -15,10 +15,10 @@ protected:
   static std::string writeBinary(NkNode* node);
 
   /// The first node of a text, which is asked to be of that class; NULL if the text can't be read.
-  template <class Node> arbora::Ref<Node> readOne(const std::string& text) {
+  template <class Node>
+  arbora::Ref<Node> readOne(const std::string& text) {
     const arbora::Ref<NkSeparator> root = read(text);
-    if (!root || root->getNumChildren() == 0)
-      return {};
+    if (!root || root->getNumChildren() == 0) return {};
     NkNode* node = root->getChild(0);
     EXPECT_TRUE(node->isOfType(Node::getClassTypeId()));
     return arbora::Ref<Node>(node->isOfType(Node::getClassTypeId()) ? static_cast<Node*>(node) : nullptr);

@@ -65,9 +65,7 @@ TEST_F(Reading, CommentsAndBlanksStandAnywhereBetweenTokens) {
   EXPECT_EQ(cube->getName(), "box");
 }
 
-TEST_F(Reading, ATypeMayBearItsClassName) {
-  EXPECT_TRUE(readOne<NkCube>("NkCube { }"));
-}
+TEST_F(Reading, ATypeMayBearItsClassName) { EXPECT_TRUE(readOne<NkCube>("NkCube { }")); }
 
 TEST_F(Reading, NodesAreReadOneByOne) {
   const std::string text = "Cube { } Sphere { }";
@@ -101,7 +99,7 @@ namespace {
 struct ValueCase {
   const char* field;
   const char* text;
-  const char* result;  // As the field tells it.
+  const char* result; // As the field tells it.
 };
 
 const ValueCase kValues[] = {
@@ -233,7 +231,8 @@ TEST_F(Reading, NodesStandInFields) {
 // Names
 
 TEST_F(Reading, NamesAreGivenAndUsed) {
-  const Ref<NkSeparator> root = read("DEF skin Group { DEF a-b Cube { } USE a-b } USE skin DEF \"two words\" Sphere { }");
+  const Ref<NkSeparator> root =
+      read("DEF skin Group { DEF a-b Cube { } USE a-b } USE skin DEF \"two words\" Sphere { }");
   ASSERT_TRUE(root);
   auto* skin = static_cast<NkGroup*>(root->getChild(0));
   EXPECT_EQ(skin, root->getChild(1));
@@ -340,6 +339,7 @@ const ErrorCase kErrors[] = {
     {"\"text\"", {"1:1: error: a node expected, found a string"}},
     {"DEF", {"1:4: error: a name expected, found the end"}},
     {"DEF a", {"1:6: error: a node type expected, found the end"}},
+    {"Cube { DEF a }", {"1:8: error: a Cube takes no child nodes"}},
     {"DEF a { }", {"1:7: error: a node type expected, found '{'"}},
     {"DEF a Cubee { } USE a", {"1:7: error: there is no node type 'Cubee'; did you mean 'Cube'?"}},
     {"USE a", {"1:5: error: nothing ahead of this is named 'a'"}},
@@ -357,7 +357,8 @@ const ErrorCase kErrors[] = {
     // Several in one text.
     {"Cube { widht 2 heigth 3 depth x }",
      {"1:8: error: a Cube has no field 'widht'; did you mean 'width'?",
-      "1:16: error: a Cube has no field 'heigth'; did you mean 'height'?", "1:31: error: a number expected, found 'x'"}},
+      "1:16: error: a Cube has no field 'heigth'; did you mean 'height'?",
+      "1:31: error: a number expected, found 'x'"}},
     {"Group {\n Cubee { a { b \"}\" } }\n Cube { width x }\n Sphere { }\n} Foo { }",
      {"2:2: error: there is no node type 'Cubee'", "3:15: error: a number expected, found 'x'",
       "5:3: error: there is no node type 'Foo'"}},
@@ -398,8 +399,7 @@ TEST_F(Reading, AChildOfAnotherKindIsRejected) {
 
 TEST_F(Reading, AfterTwentyErrorsTheReaderGivesUp) {
   std::string text = "Group {";
-  for (int i = 0; i < 1000; ++i)
-    text += " Foo { }";
+  for (int i = 0; i < 1000; ++i) text += " Foo { }";
   allowMessages("there is no node type 'Foo'");
   EXPECT_FALSE(read(text + "}"));
   EXPECT_EQ(postedMessages().size(), 20U);
@@ -420,8 +420,7 @@ TEST_F(Reading, AFileIsNamedInItsMessages) {
 TEST_F(Reading, TheDepthIsBounded) {
   const auto nested = [](int depth) {
     std::string text;
-    for (int i = 0; i < depth; ++i)
-      text += "Group{";
+    for (int i = 0; i < depth; ++i) text += "Group{";
     return text + std::string(static_cast<std::size_t>(depth), '}');
   };
   EXPECT_TRUE(read(nested(NkInput::kMaxDepth)));
@@ -429,8 +428,7 @@ TEST_F(Reading, TheDepthIsBounded) {
   EXPECT_FALSE(read(nested(NkInput::kMaxDepth + 1)));
   const auto inFields = [](int depth) {
     std::string text;
-    for (int i = 0; i < depth; ++i)
-      text += "EveryField{sfNode ";
+    for (int i = 0; i < depth; ++i) text += "EveryField{sfNode ";
     return text + "NULL" + std::string(static_cast<std::size_t>(depth), '}');
   };
   EXPECT_TRUE(read(inFields(NkInput::kMaxDepth)));
@@ -450,12 +448,10 @@ TEST_F(Reading, LongTextsTakeTimeInProportion) {
   EXPECT_FALSE(read(std::string(kMany, 'x') + " { }"));
   EXPECT_FALSE(read("EveryField { mfInt32 [" + std::string(kMany, ',')));
   std::string text;
-  for (std::size_t i = 0; i < kMany / 10; ++i)
-    text += "Foo{";
+  for (std::size_t i = 0; i < kMany / 10; ++i) text += "Foo{";
   EXPECT_FALSE(read(text));
   text = "Group {";
-  for (std::size_t i = 0; i < kMany / 10; ++i)
-    text += "bar {";
+  for (std::size_t i = 0; i < kMany / 10; ++i) text += "bar {";
   EXPECT_FALSE(read(text));
   // Far above what it takes even under the sanitizers, and far below what a quadratic reader would.
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
@@ -518,13 +514,11 @@ class KeepDirectories {
 public:
   KeepDirectories() {
     const NbStringList& list = NkInput::getDirectories();
-    for (int i = 0; i < list.getLength(); ++i)
-      m_names.push_back(*list[i]);
+    for (int i = 0; i < list.getLength(); ++i) m_names.push_back(*list[i]);
   }
   ~KeepDirectories() {
     NkInput::clearDirectories();
-    for (const NbString& name : m_names)
-      NkInput::addDirectoryLast(name);
+    for (const NbString& name : m_names) NkInput::addDirectoryLast(name);
   }
 
 private:
@@ -544,8 +538,7 @@ TEST_F(Reading, FilesAreLookedForInTheDirectories) {
   std::ofstream(second + "/one.arb") << "Sphere { }";
   const auto typeIn = [](const char* name) {
     NkInput in;
-    if (!in.openFile(name, true))
-      return NkType::badType();
+    if (!in.openFile(name, true)) return NkType::badType();
     const Ref<NkSeparator> root(NkDB::readAll(&in));
     return root->getChild(0)->getTypeId();
   };

@@ -236,6 +236,17 @@ TEST_F(Writing, PathsAreObjectsOfTheirOwn) {
   EXPECT_FALSE(NkBase::read(&in, object, NkPath::getClassTypeId()));
 }
 
+TEST_F(Writing, NamesOnTheNetworkAreMadeOnDemand) {
+  const Ref<NkCube> first(new NkCube);
+  const Ref<NkCube> second(new NkCube);
+  const std::string made = first->getNetName();
+  EXPECT_EQ(made.substr(0, 5), "Cube_");
+  EXPECT_EQ(first->getNetName(), made);
+  EXPECT_NE(second->getNetName(), made);
+  second->setNetName("mine");
+  EXPECT_STREQ(second->getNetName(), "mine");
+}
+
 // Files
 
 TEST_F(Writing, AFileHoldsWhatMemoryWould) {
@@ -332,15 +343,12 @@ TEST_F(Writing, StringsComeBackExactly) {
     const std::size_t length = random() % 8;
     if (i % 2 == 0) {
       std::string text;
-      for (std::size_t c = 0; c < length; ++c)
-        text += narrow[random() % narrow.size()];
+      for (std::size_t c = 0; c < length; ++c) text += narrow[random() % narrow.size()];
       node->mfString.set1Value(i, NbString(text));
     } else {
       std::wstring text;
-      for (std::size_t c = 0; c < length; ++c)
-        text += wide.substr(random() % 6, 1);
-      if (length > 5)
-        text += wide.substr(6);
+      for (std::size_t c = 0; c < length; ++c) text += wide.substr(random() % 6, 1);
+      if (length > 5) text += wide.substr(6);
       node->mfString.set1Value(i, NbString(text));
     }
   }
@@ -355,18 +363,26 @@ public:
   explicit TreeMaker(unsigned seed) : m_random(seed) {}
 
   NkNode* make(int depth) {
-    if (!m_nodes.empty() && chance(6))
-      return m_nodes[pick(m_nodes.size())];
+    if (!m_nodes.empty() && chance(6)) return m_nodes[pick(m_nodes.size())];
     NkNode* node = nullptr;
     switch (depth > 0 ? pick(5) : pick(3)) {
-      case 0: node = makeCube(); break;
-      case 1: node = new NkSphere; break;
-      case 2: node = new NkInfo; break;
-      case 3: node = makeSeparator(depth); break;
-      default: node = makeEveryField(depth); break;
+      case 0:
+        node = makeCube();
+        break;
+      case 1:
+        node = new NkSphere;
+        break;
+      case 2:
+        node = new NkInfo;
+        break;
+      case 3:
+        node = makeSeparator(depth);
+        break;
+      default:
+        node = makeEveryField(depth);
+        break;
     }
-    if (chance(4))
-      node->setName(NbName(std::string_view("n" + std::to_string(pick(5)))));
+    if (chance(4)) node->setName(NbName(std::string_view("n" + std::to_string(pick(5)))));
     // Complete only now: no node may contain itself.
     m_nodes.push_back(node);
     return node;
@@ -379,54 +395,36 @@ private:
 
   NkNode* makeCube() {
     auto* cube = new NkCube;
-    if (chance(2))
-      cube->width = number();
-    if (chance(2))
-      cube->depth = number();
-    if (!m_cubes.empty() && chance(3))
-      cube->height.connectFrom(&m_cubes[pick(m_cubes.size())]->height);
+    if (chance(2)) cube->width = number();
+    if (chance(2)) cube->depth = number();
+    if (!m_cubes.empty() && chance(3)) cube->height.connectFrom(&m_cubes[pick(m_cubes.size())]->height);
     m_cubes.push_back(cube);
     return cube;
   }
 
   NkNode* makeSeparator(int depth) {
     auto* separator = new NkSeparator;
-    for (std::size_t i = pick(5); i > 0; --i)
-      separator->addChild(make(depth - 1));
+    for (std::size_t i = pick(5); i > 0; --i) separator->addChild(make(depth - 1));
     return separator;
   }
 
   NkNode* makeEveryField(int depth) {
     auto* node = new NkEveryField;
     const auto maybe = [this] { return chance(3); };
-    if (maybe())
-      node->sfBool = chance(2);
-    if (maybe())
-      node->sfInt32 = static_cast<int>(m_random());
-    if (maybe())
-      node->sfFloat = number();
-    if (maybe())
-      node->sfString = NbString("text " + std::to_string(pick(100)));
-    if (maybe())
-      node->sfPath = NbString("C:\\a\\b c.arb");
-    if (maybe())
-      node->sfName = NbName("Tahoma");
-    if (maybe())
-      node->sfEnum = chance(2) ? NkEveryField::SOUR : NkEveryField::BITTER;
-    if (maybe())
-      node->sfBitMask = static_cast<int>(pick(8));
-    if (maybe())
-      node->sfVec2i32.setValue(static_cast<int>(pick(1000)), -5);
-    if (maybe())
-      node->sfVec2f.setValue(number(), number());
-    if (maybe())
-      node->sfVec3f.setValue(number(), number(), number());
-    if (maybe())
-      node->sfColor.setValue(number(), number(), number());
-    if (maybe())
-      node->sfRotation = NbRotation(number(), number(), number(), number());
-    if (maybe())
-      node->sfPlane = NbPlane(NbVec3f(number(), number(), number()), number());
+    if (maybe()) node->sfBool = chance(2);
+    if (maybe()) node->sfInt32 = static_cast<int>(m_random());
+    if (maybe()) node->sfFloat = number();
+    if (maybe()) node->sfString = NbString("text " + std::to_string(pick(100)));
+    if (maybe()) node->sfPath = NbString("C:\\a\\b c.arb");
+    if (maybe()) node->sfName = NbName("Tahoma");
+    if (maybe()) node->sfEnum = chance(2) ? NkEveryField::SOUR : NkEveryField::BITTER;
+    if (maybe()) node->sfBitMask = static_cast<int>(pick(8));
+    if (maybe()) node->sfVec2i32.setValue(static_cast<int>(pick(1000)), -5);
+    if (maybe()) node->sfVec2f.setValue(number(), number());
+    if (maybe()) node->sfVec3f.setValue(number(), number(), number());
+    if (maybe()) node->sfColor.setValue(number(), number(), number());
+    if (maybe()) node->sfRotation = NbRotation(number(), number(), number(), number());
+    if (maybe()) node->sfPlane = NbPlane(NbVec3f(number(), number(), number()), number());
     if (maybe()) {
       NbMatrix matrix;
       matrix[static_cast<int>(pick(4))][pick(4)] = number();
@@ -435,8 +433,7 @@ private:
     if (maybe()) {
       arbora::Image image{static_cast<int>(pick(4)), static_cast<int>(pick(4)), 1 + static_cast<int>(pick(4)), {}};
       image.pixels.resize(static_cast<std::size_t>(image.width * image.height * image.components));
-      for (unsigned char& byte : image.pixels)
-        byte = static_cast<unsigned char>(m_random());
+      for (unsigned char& byte : image.pixels) byte = static_cast<unsigned char>(m_random());
       node->sfImage = image;
     }
     const auto count = [this] { return static_cast<int>(pick(30)); };
@@ -449,15 +446,13 @@ private:
       node->mfColor.setNum(count());
       node->mfVec3f.set1Value(count(), NbVec3f(number(), number(), number()));
     }
-    if (maybe())
-      node->sfNode = make(depth - 1);
+    if (maybe()) node->sfNode = make(depth - 1);
     if (maybe()) {
       node->mfNode.setNum(0);
       for (std::size_t i = pick(4); i > 0; --i)
         node->mfNode.set1Value(static_cast<int>(i) - 1, chance(3) ? nullptr : make(depth - 1));
     }
-    for (std::size_t i = pick(4); i > 0; --i)
-      node->addChild(make(depth - 1));
+    for (std::size_t i = pick(4); i > 0; --i) node->addChild(make(depth - 1));
     return node;
   }
 
@@ -473,19 +468,16 @@ TEST_F(Writing, RandomTreesComeBackEqual) {
     SCOPED_TRACE(seed);
     auto* root = new NkSeparator;
     TreeMaker maker(seed);
-    for (int i = 0; i < 3; ++i)
-      root->addChild(maker.make(5));
+    for (int i = 0; i < 3; ++i) root->addChild(maker.make(5));
     expectRoundTrip(root);
-    if (HasFailure())
-      return;
+    if (HasFailure()) return;
   }
 }
 
 TEST_F(Writing, WhatIsWrittenAgainIsTheSame) {
   const Ref<NkSeparator> root(new NkSeparator);
   TreeMaker maker(99);
-  for (int i = 0; i < 10; ++i)
-    root->addChild(maker.make(5));
+  for (int i = 0; i < 10; ++i) root->addChild(maker.make(5));
   const std::string text = writeText(root.get());
   const Ref<NkSeparator> copy = read(text);
   ASSERT_TRUE(copy);
@@ -498,14 +490,11 @@ namespace {
 
 std::string littleEndian(unsigned number) {
   std::string bytes;
-  for (int i = 0; i < 4; ++i, number >>= 8U)
-    bytes += static_cast<char>(number & 0xFFU);
+  for (int i = 0; i < 4; ++i, number >>= 8U) bytes += static_cast<char>(number & 0xFFU);
   return bytes;
 }
 
-std::string counted(const std::string& text) {
-  return littleEndian(static_cast<unsigned>(text.size())) + text;
-}
+std::string counted(const std::string& text) { return littleEndian(static_cast<unsigned>(text.size())) + text; }
 
 const std::string kBinary = "#Arbora V2.1 binary\n";
 
@@ -580,8 +569,7 @@ TEST_F(Writing, BadBinariesAreRejected) {
 TEST_F(Writing, EveryBeginningAndEveryDamageOfABinaryIsReadOrRejected) {
   const Ref<NkSeparator> root(new NkSeparator);
   TreeMaker maker(7);
-  for (int i = 0; i < 4; ++i)
-    root->addChild(maker.make(3));
+  for (int i = 0; i < 4; ++i) root->addChild(maker.make(3));
   const std::string file = writeBinary(root.get());
   ASSERT_GT(file.size(), 500U);
   allowMessages("error");

@@ -30,12 +30,18 @@ private:
   }
 
   bool parseValue(Json& value) {
-    if (take("null")) value.kind = Json::NONE;
-    else if (take("true") || take("false")) value.kind = Json::BOOLEAN; // No test asks for which.
-    else if (take("[")) return parseArray(value);
-    else if (take("{")) return parseObject(value);
-    else if (take("\"")) return parseString(value);
-    else return parseNumber(value);
+    if (take("null"))
+      value.kind = Json::NONE;
+    else if (take("true") || take("false"))
+      value.kind = Json::BOOLEAN; // No test asks for which.
+    else if (take("["))
+      return parseArray(value);
+    else if (take("{"))
+      return parseObject(value);
+    else if (take("\""))
+      return parseString(value);
+    else
+      return parseNumber(value);
     return true;
   }
 
@@ -54,7 +60,8 @@ private:
     do {
       Json name;
       if (!take("\"") || !parseString(name) || !take(":")) return false;
-      if (!parseValue(value.members.emplace_back(name.string, Json()).second)) return false;
+      value.names.push_back(name.string);
+      if (!parseValue(value.items.emplace_back())) return false;
     } while (take(","));
     return take("}");
   }
@@ -67,8 +74,10 @@ private:
       m_rest.remove_prefix(1);
       if (c == '"') return NbString::fromUtf8(value.string).toUtf8() == value.string;
       if (static_cast<unsigned char>(c) < 0x20) return false;
-      if (c != '\\') value.string += c;
-      else if (!parseEscape(value.string)) return false;
+      if (c != '\\')
+        value.string += c;
+      else if (!parseEscape(value.string))
+        return false;
     }
     return false;
   }
@@ -108,8 +117,8 @@ private:
 Json Json::parse(std::string_view text) { return Parser(text).parseAll(); }
 
 const Json& Json::operator[](std::string_view name) const {
-  for (const auto& [key, value] : members) {
-    if (key == name) return value;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (names[i] == name) return items[i];
   }
   return kInvalid;
 }

@@ -2,7 +2,6 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 /// A JSON value, read strictly: what a parser must refuse is refused here.
@@ -11,12 +10,12 @@ struct Json {
 
   static Json parse(std::string_view text);
 
-  /// A member of an object; invalid if there is none.
+  /// An item of an object; invalid if there is none.
   const Json& operator[](std::string_view name) const;
 
   Kind kind = INVALID;
   double number = 0;
   std::string string;
-  std::vector<Json> items;
-  std::vector<std::pair<std::string, Json>> members;
+  std::vector<Json> items;        ///< Of an array or an object.
+  std::vector<std::string> names; ///< Of an object's items.
 };

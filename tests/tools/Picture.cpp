@@ -10,9 +10,9 @@ Picture::Picture(const std::string& path) {
   const std::string bytes = readFile(path);
   int channels = 0;
   const std::unique_ptr<stbi_uc, void (*)(void*)> decoded(
-    stbi_load_from_memory(reinterpret_cast<const stbi_uc*>(bytes.data()), static_cast<int>(bytes.size()), &width,
-                          &height, &channels, 3),
-    &stbi_image_free);
+      stbi_load_from_memory(reinterpret_cast<const stbi_uc*>(bytes.data()), static_cast<int>(bytes.size()), &width,
+                            &height, &channels, 3),
+      &stbi_image_free);
   if (decoded) pixels.assign(decoded.get(), decoded.get() + 3 * width * height);
 }
 

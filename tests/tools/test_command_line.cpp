@@ -23,12 +23,14 @@ protected:
   }
   static std::string scene(const std::string& name, const std::string& text) { return file(name, kHeader + text); }
 
-  static bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+  static bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+  }
 
   /// Draws a scene; fails the test if that fails or says anything.
   static Picture draw(const std::string& path, const std::vector<std::string>& options = {}) {
-    const std::string picture = outputDir() + "/tools/" +
-                                testing::UnitTest::GetInstance()->current_test_info()->name() + ".png";
+    const std::string picture =
+        outputDir() + "/tools/" + testing::UnitTest::GetInstance()->current_test_info()->name() + ".png";
     std::filesystem::remove(picture);
     std::vector<std::string> words{"render", path, "-o", picture};
     words.insert(words.end(), options.begin(), options.end());
@@ -63,11 +65,8 @@ TEST_F(CommandLine, WrongUsageIsToldAndGivesTwo) {
     std::vector<std::string> words;
     std::string message;
   };
-  for (const Wrong& wrong : {Wrong{{}, "A command is required"},
-                             Wrong{{"paint"}, "paint"},
-                             Wrong{{"render"}, "FILE"},
-                             Wrong{{"render", good}, "--output"},
-                             Wrong{{"render", good, "-o"}, "-o"},
+  for (const Wrong& wrong : {Wrong{{}, "A command is required"}, Wrong{{"paint"}, "paint"}, Wrong{{"render"}, "FILE"},
+                             Wrong{{"render", good}, "--output"}, Wrong{{"render", good, "-o"}, "-o"},
                              Wrong{{"render", good, good, "-o", picture}, "usage.arb"},
                              Wrong{{"render", good, "-o", picture, "--size", "0x10"}, "0x10"},
                              Wrong{{"render", good, "-o", picture, "--size", "16385x10"}, "16385x10"},
@@ -78,10 +77,8 @@ TEST_F(CommandLine, WrongUsageIsToldAndGivesTwo) {
                              Wrong{{"render", good, "-o", picture, "--background", "1,0,1.01"}, "1,0,1.01"},
                              Wrong{{"render", good, "-o", picture, "--background", "nan,0,0"}, "nan,0,0"},
                              Wrong{{"render", good, "-o", picture, "--colour", "1"}, "--colour"},
-                             Wrong{{"show"}, "FILE"},
-                             Wrong{{"show", good, "--size", "big"}, "'big'"},
-                             Wrong{{"check"}, "FILE"},
-                             Wrong{{"check", good, "--format=xml"}, "xml"}}) {
+                             Wrong{{"show"}, "FILE"}, Wrong{{"show", good, "--size", "big"}, "'big'"},
+                             Wrong{{"check"}, "FILE"}, Wrong{{"check", good, "--format=xml"}, "xml"}}) {
     const Result result = panelix(wrong.words);
     EXPECT_EQ(result.exitCode, 2) << wrong.message;
     EXPECT_EQ(result.out, "") << wrong.message;
@@ -109,10 +106,11 @@ TEST_F(CommandLine, APictureHasTheSizeAndTheBackgroundAskedFor) {
 
 TEST_F(CommandLine, ASceneWithoutACameraIsSeenWholeFromAboveAndTheRight) {
   // Each side has its own light; the sides that are turned away would be black.
-  const Picture picture = draw(scene("sides.arb", "Translation { translation 100 -40 7 } Material { diffuseColor 1 1 1 }"
-                                                  "DirectionalLight { direction 0 0 -1 color 1 0 0 }"
-                                                  "DirectionalLight { direction -1 0 0 color 0 1 0 }"
-                                                  "DirectionalLight { direction 0 -1 0 color 0 0 1 } Cube { }"));
+  const Picture picture =
+      draw(scene("sides.arb", "Translation { translation 100 -40 7 } Material { diffuseColor 1 1 1 }"
+                              "DirectionalLight { direction 0 0 -1 color 1 0 0 }"
+                              "DirectionalLight { direction -1 0 0 color 0 1 0 }"
+                              "DirectionalLight { direction 0 -1 0 color 0 0 1 } Cube { }"));
   const auto isMostly = [](int index) {
     return [=](Picture::Pixel pixel) {
       const auto i = static_cast<std::size_t>(index);
@@ -141,17 +139,18 @@ TEST_F(CommandLine, ASceneWithoutALightGetsOne) {
   EXPECT_GT(lit.at(57, 39)[0], 240);
   EXPECT_LT(lit.at(35, 65)[0], 180);
   EXPECT_GT(lit.at(50, 50)[0], 180);
-  const Picture dark = draw(scene("dark.arb", "DirectionalLight { intensity 0 }" + camera + ball), {"--size", "100x100"});
+  const Picture dark =
+      draw(scene("dark.arb", "DirectionalLight { intensity 0 }" + camera + ball), {"--size", "100x100"});
   EXPECT_EQ(dark.at(57, 39), kBlack);
 }
 
 TEST_F(CommandLine, TheAddedLightGoesWithTheCameraOfTheScene) {
   // The camera looks at the ball from behind, within a turned space.
-  const Picture picture = draw(scene("behind.arb",
-                                     "Separator { Rotation { rotation 0 1 0 1.570796 } OrthographicCamera { height 4 "
-                                     "position -5 0 0 orientation 0 1 0 -1.570796 } } Material { diffuseColor 1 1 1 "
-                                     "ambientColor 0 0 0 } Sphere { }"),
-                               {"--size", "100x100"});
+  const Picture picture =
+      draw(scene("behind.arb", "Separator { Rotation { rotation 0 1 0 1.570796 } OrthographicCamera { height 4 "
+                               "position -5 0 0 orientation 0 1 0 -1.570796 } } Material { diffuseColor 1 1 1 "
+                               "ambientColor 0 0 0 } Sphere { }"),
+           {"--size", "100x100"});
   EXPECT_GT(picture.at(50, 50)[0], 100);
 }
 
@@ -165,7 +164,8 @@ TEST_F(CommandLine, AFileThatFailsIsToldAndGivesOne) {
   const std::string path = scene("broken.arb", "Cube {\n  width wide\n}\nSpere { }\n");
   const std::string expected = path + ":3:9: error: a number expected, found 'wide'\n" + path +
                                ":5:1: error: there is no node type 'Spere'; did you mean 'Sphere'?\n";
-  for (const std::vector<std::string>& words : {std::vector<std::string>{"render", path, "-o", picture}, {"show", path}}) {
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"render", path, "-o", picture}, {"show", path}}) {
     const Result broken = panelix(words);
     EXPECT_EQ(broken.exitCode, 1);
     EXPECT_EQ(broken.out, "");
@@ -182,7 +182,9 @@ TEST_F(CommandLine, AFileThatFailsIsToldAndGivesOne) {
 
 TEST_F(CommandLine, NamesOfFilesMayHaveAnyLetters) {
   // "Grüße, Ελλάδα"
-  const std::string path = scene("Gr\xC3\xBC\xC3\x9F" "e, \xCE\x95\xCE\xBB\xCE\xBB\xCE\xAC\xCE\xB4\xCE\xB1.arb", "Cube { }");
+  const std::string path = scene("Gr\xC3\xBC\xC3\x9F"
+                                 "e, \xCE\x95\xCE\xBB\xCE\xBB\xCE\xAC\xCE\xB4\xCE\xB1.arb",
+                                 "Cube { }");
   EXPECT_GT(draw(path, {"--size", "50x50"}).countOther(kBlack), 100);
   const std::string gone = outputDir() + "/tools/\xCE\x95\xCE\xBB.arb";
   const Result result = panelix({"check", gone});
@@ -241,7 +243,7 @@ TEST_F(CommandLine, CheckReportsInJsonOnStandardOutput) {
   ASSERT_EQ(json.kind, Json::ARRAY) << result.out;
   ASSERT_EQ(json.items.size(), 3u) << result.out;
   const Json& first = json.items[0];
-  ASSERT_EQ(first.members.size(), 5u);
+  ASSERT_EQ(first.names.size(), 5u);
   EXPECT_EQ(first["file"].string, broken);
   EXPECT_EQ(first["line"].number, 4);
   EXPECT_EQ(first["column"].number, 3);

@@ -49,7 +49,7 @@ TEST(Examples, EachNodeHasAnExampleThatShowsSomething) {
     const std::string scene = kNodes + "/" + name + ".arb";
     const std::string text = readFile(scene);
     EXPECT_TRUE(text.find("\n" + name + " {") != text.npos || text.find(" " + name + " {") != text.npos)
-      << name << " isn't in its example";
+        << name << " isn't in its example";
     const std::string picture = kPictures + "/" + name + ".png";
     EXPECT_EQ(render(scene, picture, "120x90"), "") << name;
     EXPECT_GT(Picture(picture).countOther(kBlack), 300) << name;

@@ -40,7 +40,9 @@ TEST(Show, WhatTheUserDragsIsPrinted) {
     return place.x >= 0 || !program.isRunning();
   }));
   ASSERT_TRUE(program.isRunning()) << program.err();
-  const auto onScreen = [&](int x, int y) { return Picture(desktop::takePicture("show")).at(place.x + x, place.y + y); };
+  const auto onScreen = [&](int x, int y) {
+    return Picture(desktop::takePicture("show")).at(place.x + x, place.y + y);
+  };
   ASSERT_TRUE(waitUntil([&] { return isRed(onScreen(300, 200)); }));
   const auto moveTo = [&](int x, int y) {
     return "mousemove " + std::to_string(place.x + x) + " " + std::to_string(place.y + y) + " sleep 0.1 ";
@@ -51,7 +53,7 @@ TEST(Show, WhatTheUserDragsIsPrinted) {
   EXPECT_FALSE(isRed(onScreen(300, 200)));
   ASSERT_TRUE(desktop::act(moveTo(500, 200) + "click 1"));
   EXPECT_TRUE(waitUntil([&] { return program.out() == "PlaneDragger Disc: finish\nPlaneDragger: finish\n"; }))
-    << program.out();
+      << program.out();
   // A press beside the draggers is nobody's.
   ASSERT_TRUE(desktop::act(moveTo(50, 50) + "click 1"));
   EXPECT_TRUE(program.isRunning());

@@ -40,6 +40,6 @@ TEST(Show, RenderNeedsNoDisplay) {
   const Without display("DISPLAY");
   const Without wayland("WAYLAND_DISPLAY");
   const Result result =
-    panelix({"render", sourceDir() + "/examples/nodes/Cube.arb", "-o", outputDir() + "/no-display.png"});
+      panelix({"render", sourceDir() + "/examples/nodes/Cube.arb", "-o", outputDir() + "/no-display.png"});
   EXPECT_EQ(result.exitCode, 0) << result.err;
 }

@@ -30,8 +30,8 @@ public:
     posix_spawn_file_actions_addclose(&actions, ends[0]);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     // Without -noreset it would refuse new windows for a moment whenever the last one has gone.
-    std::array<std::string, 9> words{"Xvfb", "-displayfd",   "1",         "-screen", "0",
-                                     "1280x1024x24", "-nolisten", "tcp", "-noreset"};
+    std::array<std::string, 9> words{"Xvfb",         "-displayfd", "1",   "-screen", "0",
+                                     "1280x1024x24", "-nolisten",  "tcp", "-noreset"};
     std::array<char*, words.size() + 1> arguments{};
     for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
     if (posix_spawnp(&m_process, "Xvfb", &actions, nullptr, arguments.data(), environ) != 0) m_process = 0;

@@ -93,6 +93,20 @@ TEST_F(NkRenderAreaTest, ShowsTheSceneAndFollowsItsChanges) {
   EXPECT_FALSE(area->isVisible());
 }
 
+TEST_F(NkRenderAreaTest, BringsACameraAndALight) {
+  scene = read("Material { diffuseColor 0.2 0.7 0.3 } Separator { Rotation { rotation 1 1 0 0.6 } Cube {} } "
+               "Translation { translation 3 0 0 } Sphere {} Translation { translation -6 0 0 } Cone {}");
+  ASSERT_TRUE(scene);
+  open();
+  const std::string picture = desktop::takePicture("lit-scene");
+  const std::array<int, 2> place = desktop::placeOf(*area);
+  const auto middle = desktop::pixelOf(picture, place[0] + kWidth / 2, place[1] + kHeight / 2);
+  EXPECT_GT(middle[1], 100);
+  EXPECT_GT(middle[1], middle[0]);
+  EXPECT_GT(middle[1], middle[2]);
+  EXPECT_EQ(desktop::pixelOf(picture, place[0] + 2, place[1] + 2), kBlue);
+}
+
 TEST_F(NkRenderAreaTest, MouseDragsTheDragger) {
   open();
   std::string phases;
@@ -195,8 +209,8 @@ TEST_F(NkRenderAreaTest, ResizingKeepsTheScale) {
 
 TEST_F(NkRenderAreaTest, MayBeDeletedInsideADraggersCallback) {
   open();
-  dragger->addMotionCallback(
-      [](void* data, NkDragger*) { static_cast<std::unique_ptr<NkRenderArea>*>(data)->reset(); }, &area);
+  dragger->addMotionCallback([](void* data, NkDragger*) { static_cast<std::unique_ptr<NkRenderArea>*>(data)->reset(); },
+                             &area);
   ASSERT_TRUE(desktop::act(desktop::moveTo(*area, kWidth / 2, kHeight / 2) + "mousedown 1"));
   ASSERT_TRUE(desktop::act("mousemove_relative 20 0 mouseup 1"));
   EXPECT_TRUE(desktop::serveUntil([this] { return area == nullptr; }));
@@ -252,6 +266,13 @@ TEST_F(NkRenderAreaTest, LoopServesTheAreaUntilItsEnd) {
   sensor.schedule();
   EXPECT_EQ(NkWin::mainLoop(), 3);
   EXPECT_EQ(steps.count, 20);
+}
+
+TEST_F(NkRenderAreaTest, SleepingLoopWakesForTheUser) {
+  open();
+  keys->addEventCallback(NkKeyboardEvent::getClassTypeId(), [](void*, NkEventCallback*) { NkWin::exitMainLoop(4); });
+  desktop::launch("sleep 0.5; xdotool key x");
+  EXPECT_EQ(NkWin::mainLoop(), 4);
 }
 
 TEST_F(NkRenderAreaTest, ClosingTheWindowEndsTheLoop) {

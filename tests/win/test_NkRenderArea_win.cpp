@@ -1,8 +1,6 @@
-#include <string>
+#include <memory>
 
 #include "arbora/scene/NkCube.h"
-#include "arbora/scene/NkEventCallback.h"
-#include "arbora/scene/NkMouseButtonEvent.h"
 #include "arbora/scene/NkPlaneDragger.h"
 #include "arbora/win/NkRenderArea.h"
 #include "arbora/win/NkWin.h"
@@ -80,17 +78,6 @@ TEST_F(ChildAreaTest, LostMouseEndsTheDrag) {
   EXPECT_EQ(dragger->translation.getValue(), dragged);
   ASSERT_TRUE(desktop::act("mouseup 1"));
   EXPECT_EQ(finishes, 1);
-}
-
-TEST_F(ChildAreaTest, PictureOfALitScene) {
-  const std::string picture = desktop::takePicture("child-area");
-  const auto place = desktop::placeOf(*area);
-  const NbVec2i32 size = area->getSize();
-  // The cube's front looks at the headlight; around it is the background.
-  const auto front = desktop::pixelOf(picture, place[0] + size[0] / 2, place[1] + size[1] / 2);
-  EXPECT_GT(front[0], 150);
-  EXPECT_EQ(front[0], front[1]);
-  EXPECT_EQ(desktop::pixelOf(picture, place[0] + 5, place[1] + 5), (std::array<int, 3>{0, 0, 0}));
 }
 
 } // namespace

@@ -92,9 +92,12 @@ void Messages::add(int severity, std::string_view text) {
 
 const char* severityName(int severity) {
   switch (severity) {
-    case NkDebugError::INFO: return "info";
-    case NkDebugError::WARNING: return "warning";
-    default: return "error";
+    case NkDebugError::INFO:
+      return "info";
+    case NkDebugError::WARNING:
+      return "warning";
+    default:
+      return "error";
   }
 }
 

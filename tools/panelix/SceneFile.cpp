@@ -19,7 +19,7 @@ namespace {
 
 const NbVec3f kViewFrom(0.35f, 0.3f, 1);
 /// The way the added light travels, as the camera sees it.
-const NbVec3f kLightDirection(-0.3f, -0.5f, -1);
+const NbVec3f kLightDirection(-0.15f, -0.3f, -1);
 /// How many radii of the scene the clipping planes of the added camera stand from its middle.
 constexpr float kSlack = 1.1f;
 

@@ -46,7 +46,7 @@ void addSizeOption(CLI::App& command, NbVec2i32& size) {
     const auto isGood = [](int number) { return number >= 1 && number <= kLargestSize; };
     if (!parseNumbers(text, 'x', numbers) || !std::all_of(numbers.begin(), numbers.end(), isGood)) {
       throw CLI::ValidationError("--size", "'" + text + "' is no size such as 640x480, each from 1 to " +
-                                             std::to_string(kLargestSize));
+                                               std::to_string(kLargestSize));
     }
     size.setValue(numbers[0], numbers[1]);
   };
@@ -63,7 +63,7 @@ void addBackgroundOption(CLI::App& command, NbColor& color) {
     color = NbColor(numbers[0], numbers[1], numbers[2]);
   };
   command.add_option_function<std::string>("--background", parse, "Colour behind the scene, each from 0 to 1 (0,0,0)")
-    ->type_name("R,G,B");
+      ->type_name("R,G,B");
 }
 
 int run(std::vector<std::string> arguments) {
@@ -89,9 +89,10 @@ int run(std::vector<std::string> arguments) {
   CLI::App* const checkCommand = app.add_subcommand("check", "Reads scenes and reports what is wrong in them");
   checkCommand->add_option("FILE", check.files, "The scenes")->required();
   checkCommand->add_flag("--strict", check.strict, "Warnings count as errors do");
-  checkCommand->add_option("--format", format, "Form of the report: text, on standard error, or json, on standard output")
-    ->check(CLI::IsMember({"text", "json"}))
-    ->type_name("FORMAT");
+  checkCommand
+      ->add_option("--format", format, "Form of the report: text, on standard error, or json, on standard output")
+      ->check(CLI::IsMember({"text", "json"}))
+      ->type_name("FORMAT");
 
   try {
     // The parser takes them from the back.

@@ -170,6 +170,7 @@ GlfwView::GlfwView(NativeViewClient& client, GLFWwindow* window) : NativeView(cl
     const CurrentContext current(window);
     glfwSwapInterval(1);
   }
+  glfwGetCursorPos(window, &m_pointerX, &m_pointerY);
   glfwSetWindowUserPointer(window, this);
   glfwSetWindowCloseCallback(window, closeCalled);
   glfwSetFramebufferSizeCallback(window, sizeCalled);
@@ -282,16 +283,13 @@ std::shared_ptr<GlfwView> GlfwView::enter(GLFWwindow* window) {
 }
 
 void GlfwView::place(NkEvent& event) const {
-  double x = 0;
-  double y = 0;
-  glfwGetCursorPos(m_window, &x, &y);
   NbVec2i32 units;
   glfwGetWindowSize(m_window, &units[0], &units[1]);
   const NbVec2i32 pixels = getSize();
   // GLFW counts from the upper left corner, on some screens in units of several pixels.
   if (units[0] > 0 && units[1] > 0) {
-    event.setPosition({static_cast<int>(std::floor(x * pixels[0] / units[0])),
-                       pixels[1] - 1 - static_cast<int>(std::floor(y * pixels[1] / units[1]))});
+    event.setPosition({static_cast<int>(std::floor(m_pointerX * pixels[0] / units[0])),
+                       pixels[1] - 1 - static_cast<int>(std::floor(m_pointerY * pixels[1] / units[1]))});
   }
   event.setTime(glfwGetTime());
   event.setShiftDown((m_modifiers & GLFW_MOD_SHIFT) != 0);
@@ -327,8 +325,10 @@ void GlfwView::refreshCalled(GLFWwindow* window) {
   if (const auto view = enter(window)) view->m_needsPaint = true;
 }
 
-void GlfwView::moveCalled(GLFWwindow* window, double /*x*/, double /*y*/) {
+void GlfwView::moveCalled(GLFWwindow* window, double x, double y) {
   if (const auto view = enter(window)) {
+    view->m_pointerX = x;
+    view->m_pointerY = y;
     NkLocation2Event event;
     view->send(event);
   }

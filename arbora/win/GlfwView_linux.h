@@ -59,6 +59,10 @@ private:
   GLFWwindow* m_window;
   bool m_needsPaint = true;
   int m_modifiers = 0;
+  /// Where the pointer was at the last event, in units of the window. Asked for later, GLFW tells where it has got to
+  /// since, which is elsewhere when a picture took long.
+  double m_pointerX = 0;
+  double m_pointerY = 0;
   /// A key that was pressed, held back until it's known which character it typed.
   std::optional<NkKeyboardEvent::Key> m_key;
 };

@@ -58,6 +58,10 @@ function(panelix_library name)
     $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}> $<BUILD_INTERFACE:${PANELIX_GENERATED_DIR}>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_link_libraries(${name} PUBLIC ${arg_LAYERS} PRIVATE ${arg_LINKS})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT WIN32)
+    # Nobody replaces a library's own functions from outside, so its calls to itself may be direct and inlined.
+    target_compile_options(${name} PRIVATE -fno-semantic-interposition)
+  endif()
   # A symbol that is nowhere is an error here, as it is on Windows. Sanitizers leave theirs to the program.
   if(NOT PANELIX_SANITIZE AND NOT PANELIX_BUILD_FUZZERS)
     target_link_options(${name} PRIVATE -Wl,--no-undefined)

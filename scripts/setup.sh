@@ -9,7 +9,7 @@ packages=(
   g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
   wine wine64 xvfb xauth xdotool fonts-wine
   # Libraries
-  libcli11-dev libfontconfig-dev libfreetype-dev libglfw3-dev libglm-dev libstb-dev python3-glad
+  libcli11-dev libfontconfig-dev libfreetype-dev libglfw3-dev libglm-dev libstb-dev libx11-dev python3-glad
   libegl-dev libgl-dev libglu1-mesa-dev libegl1 libegl-mesa0 libgl1 libgl1-mesa-dri libglx-mesa0 fonts-dejavu-core
   # Tests, benchmarks, checks
   clang-format-14 clang-tidy-14 googletest imagemagick libbenchmark-dev tesseract-ocr

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstring>
 #include <tuple>
+#include <utility>
 
 #include "arbora/scene/NkCamera.h"
 #include "arbora/scene/NkCoordinate3.h"
@@ -334,26 +335,24 @@ void DrawList::releaseSets(std::uint32_t clipSet, std::uint32_t lightSet) {
 
 void DrawList::visitSeparator(NkSeparator* separator, const NkState& state) {
   const auto traverse = [this, separator] { separator->doAction(&m_action); };
-  if (!m_isKept) {
+  if (!m_isKept)
     traverse();
-    return;
-  }
-  if (m_alone && m_alone->m_node == separator) {
-    DrawSegment& segment = *m_alone;
-    m_alone = nullptr;
-    compile(segment, traverse);
-    return;
-  }
-  if (!m_pass) return;
+  else if (DrawSegment* segment = enterSeparator(separator, state))
+    compile(*segment, traverse);
+}
+
+DrawSegment* DrawList::enterSeparator(NkSeparator* separator, const NkState& state) {
+  if (m_alone && m_alone->m_node == separator) return std::exchange(m_alone, nullptr);
+  if (!m_pass) return nullptr;
   const Inherited entry = capture(state);
   DrawSegment& segment = nextChild(separator);
   if (!segment.m_dirty && segment.m_entry == entry) {
     releaseSets(entry.clipSet, entry.lightSet);
-    return;
+    return nullptr;
   }
   releaseSets(segment.m_entry.clipSet, segment.m_entry.lightSet);
   segment.m_entry = entry;
-  compile(segment, traverse);
+  return &segment;
 }
 
 DrawSegment& DrawList::nextChild(NkSeparator* separator) {

@@ -28,8 +28,16 @@ void NkAction::exitClass() {
   s_classTypeId = NkType::badType();
 }
 
+bool NkAction::isBusy() const {
+  if (m_steps.empty())
+    return false;
+  NkDebugError::post("NkAction::apply", "An action of type %s can't be applied from inside its own traversal",
+                     getTypeId().getName().getString());
+  return true;
+}
+
 void NkAction::apply(NkNode* root) {
-  if (!root)
+  if (!root || isBusy())
     return;
   m_paths.clear();
   m_nextIndices.clear();
@@ -38,7 +46,7 @@ void NkAction::apply(NkNode* root) {
 }
 
 void NkAction::apply(NkPath* path) {
-  if (!path || !path->getHead())
+  if (!path || !path->getHead() || isBusy())
     return;
   const arbora::Ref<NkPath> keep(path);
   m_paths.assign(1, path->full());
@@ -48,6 +56,8 @@ void NkAction::apply(NkPath* path) {
 }
 
 void NkAction::apply(const NkPathList& paths) {
+  if (isBusy())
+    return;
   // The paths from one head are walked together, so that what they share is visited once.
   std::vector<arbora::Ref<NkPath>> waiting;
   for (int i = 0; i < paths.getLength(); ++i) {
@@ -103,8 +113,8 @@ void NkAction::traverseRoot(NkNode* root) {
   invalidateState();
   m_terminated = false;
   m_depthReported = false;
-  m_steps.clear();
   m_stateStack.clear();
+  m_placeStack.clear();
   beginTraversal();
   visit(root, -1);
   endTraversal();
@@ -140,25 +150,48 @@ void NkAction::enterPath(int index) {
   m_nextIndices.erase(std::unique(m_nextIndices.begin(), m_nextIndices.end()), m_nextIndices.end());
 }
 
-void NkAction::visit(NkNode* node, int index) {
+void NkAction::enterNode(NkNode* node, int index) {
   m_steps.push_back({node, index});
   node->arm();
+}
+
+void NkAction::visit(NkNode* node, int index) {
+  enterNode(node, index);
   dispatch(node);
   m_steps.pop_back();
 }
 
+void NkAction::enterPlace(int index) {
+  m_placeStack.push_back({m_paths, m_nextIndices});
+  enterPath(index);
+}
+
+void NkAction::leavePlace() {
+  m_paths.swap(m_placeStack.back().paths);
+  m_nextIndices.swap(m_placeStack.back().nextIndices);
+  m_placeStack.pop_back();
+  m_pathCode = IN_PATH;
+}
+
+void NkAction::visitInPath(NkNode* node, int index) {
+  enterPlace(index);
+  visit(node, index);
+  leavePlace();
+}
+
 void NkAction::forwardTraversal(NkNode* node) {
+  const arbora::KeepAlive alive(node);
   if (node)
     dispatch(node);
 }
 
-void NkAction::traverseChild(NkNode* child, int index) {
+bool NkAction::mayEnter(const NkNode* child) {
   if (m_steps.size() >= static_cast<std::size_t>(kMaxDepth)) {
     if (!m_depthReported)
       NkDebugError::post("NkAction::traverse", "The scene is nested deeper than %d levels; what is below isn't visited",
                          kMaxDepth);
     m_depthReported = true;
-    return;
+    return false;
   }
   if (child->getChildren() &&
       std::any_of(m_steps.begin(), m_steps.end(), [child](const Step& step) { return step.node == child; })) {
@@ -166,21 +199,20 @@ void NkAction::traverseChild(NkNode* child, int index) {
       NkDebugError::post("NkAction::traverse", "A node of type %s contains itself; it isn't visited again",
                          child->getTypeId().getName().getString());
     m_depthReported = true;
-    return;
+    return false;
   }
+  return true;
+}
+
+void NkAction::traverseChild(NkNode* child, int index) {
+  if (!mayEnter(child))
+    return;
   // The visit may take the child out of the scene.
   const arbora::KeepAlive alive(child);
-  if (m_pathCode != IN_PATH) {
+  if (m_pathCode == IN_PATH)
+    visitInPath(child, index);
+  else
     visit(child, index);
-    return;
-  }
-  std::vector<const NkFullPath*> paths(m_paths);
-  std::vector<int> nextIndices(m_nextIndices);
-  enterPath(index);
-  visit(child, index);
-  m_paths.swap(paths);
-  m_nextIndices.swap(nextIndices);
-  m_pathCode = IN_PATH;
 }
 
 void NkAction::traverseChildren(NkChildList& children, int first, int last) {
@@ -191,9 +223,10 @@ void NkAction::traverseChildren(NkChildList& children, int first, int last) {
       traverseChild(children[i], i);
     return;
   }
-  const std::vector<int> next(m_nextIndices);
-  for (int i = std::max(first, 0); i <= std::min(last, next.back()) && i < children.getLength() && !m_terminated; ++i) {
-    if (std::binary_search(next.begin(), next.end(), i) || children[i]->affectsState())
+  // A visit leaves the indices as they were.
+  for (int i = std::max(first, 0);
+       i <= std::min(last, m_nextIndices.back()) && i < children.getLength() && !m_terminated; ++i) {
+    if (std::binary_search(m_nextIndices.begin(), m_nextIndices.end(), i) || children[i]->affectsState())
       traverseChild(children[i], i);
   }
 }
@@ -203,6 +236,9 @@ NkAction::StateScope::StateScope(NkAction* action) : m_action(action) {
 }
 
 NkAction::StateScope::~StateScope() {
+  // What was used inside stays used.
+  const unsigned used = m_action->m_state.usedInherited;
   m_action->m_state = m_action->m_stateStack.back();
+  m_action->m_state.usedInherited |= used;
   m_action->m_stateStack.pop_back();
 }

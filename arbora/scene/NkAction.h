@@ -92,6 +92,8 @@ class ARBORA_API NkAction : public NkTypedObject {
   virtual void endTraversal() {}
   /// Whether children are visited off or behind the paths, too.
   virtual bool visitsBelowPath() const { return true; }
+  /// True, with a message, inside a traversal of this action, in which it can't begin another one.
+  bool isBusy() const;
 
   struct Step {
     NkNode* node;
@@ -105,6 +107,12 @@ class ARBORA_API NkAction : public NkTypedObject {
  private:
   void traverseRoot(NkNode* root);
   void visit(NkNode* node, int index);
+  void visitInPath(NkNode* node, int index);
+  // Apart, to keep the frames small of what stands on the call stack once for each level of a scene.
+  [[gnu::noinline]] bool mayEnter(const NkNode* child);
+  [[gnu::noinline]] void enterNode(NkNode* node, int index);
+  [[gnu::noinline]] void enterPlace(int index);
+  [[gnu::noinline]] void leavePlace();
   void enterPath(int index);
 
   static NkType s_classTypeId;
@@ -112,6 +120,11 @@ class ARBORA_API NkAction : public NkTypedObject {
   std::vector<Step> m_steps;
   std::vector<const NkFullPath*> m_paths;  // Those of the applied paths that go through the present node.
   std::vector<int> m_nextIndices;          // Children that they go through next, in order.
+  struct Place {
+    std::vector<const NkFullPath*> paths;
+    std::vector<int> nextIndices;
+  };
+  std::vector<Place> m_placeStack;  // The same for the nodes above.
   PathCode m_pathCode = NO_PATH;
   std::vector<NkState> m_stateStack;       // On the heap, so that a deep scene takes little of the call stack.
   std::vector<std::unique_ptr<NbViewVolume>> m_viewVolumes;

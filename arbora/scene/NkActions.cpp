@@ -59,6 +59,20 @@ NkGetBoundingBoxAction::NkGetBoundingBoxAction(const NbViewportRegion& viewport)
 
 void NkGetBoundingBoxAction::beginTraversal() {
   m_box.makeEmpty();
+  m_outerBoxes.clear();
+}
+
+void NkGetBoundingBoxAction::beginLocalBox() {
+  m_outerBoxes.push_back(m_box);
+  m_box.makeEmpty();
+  m_state.model.makeIdentity();
+}
+
+NbBox3f NkGetBoundingBoxAction::endLocalBox() {
+  const NbBox3f box(m_box);
+  m_box = m_outerBoxes.back();
+  m_outerBoxes.pop_back();
+  return box;
 }
 
 void NkGetBoundingBoxAction::dispatch(NkNode* node) {
@@ -80,6 +94,10 @@ NbBox3f NkGetBoundingBoxAction::measure(NkNode* node, const NkState& state) {
   m_state.model.makeIdentity();
   traverseChild(node, 0);
   return m_box;
+}
+
+NbBox3f NkGetBoundingBoxAction::measureWithin(const NkAction& traversal, NkNode* node) {
+  return NkGetBoundingBoxAction(traversal.getViewportRegion()).measure(node, *traversal.getState());
 }
 
 // Matrix

@@ -6,6 +6,8 @@
 
 #include "arbora/base/NkDebugError.h"
 #include "arbora/scene/NkAction.h"
+#include "arbora/scene/NkGLRenderAction.h"
+#include "arbora/scene/NkGetBoundingBoxAction.h"
 #include "arbora/scene/NkNodeKitDetail.h"
 #include "arbora/scene/NkNodeKitListPart.h"
 #include "arbora/scene/NkPickedPoint.h"
@@ -169,6 +171,8 @@ bool NkBaseKit::setPart(const NbName& partName, NkNode* node) { return setAnyPar
 
 NkNode* NkBaseKit::getAnyPart(const NbName& partName, bool makeIfNeeded, bool leafCheck, bool publicCheck) {
   const char* const operation = "NkBaseKit::getPart";
+  // Making a part sets sensors off, whose callbacks may drop this kit and its parts.
+  const arbora::KeepAlive alive(this);
   const PartRef ref = findPart(partName, operation);
   if (ref.part < 0) return nullptr;
   const NkNodekitCatalog* catalog = getNodekitCatalog();
@@ -182,17 +186,18 @@ NkNode* NkBaseKit::getAnyPart(const NbName& partName, bool makeIfNeeded, bool le
                        getTypeId().getName().getString());
     return nullptr;
   }
-  NkNode* node = nodeAt(ref.part);
-  if (!node && makeIfNeeded) node = makePart(ref.part);
+  arbora::Ref<NkNode> node(nodeAt(ref.part));
+  if (!node && makeIfNeeded) node = arbora::Ref<NkNode>(makePart(ref.part));
   if (publicCheck) handOut(ref.part);
-  if (node && ref.item >= 0) node = static_cast<NkNodeKitListPart*>(node)->getItem(ref.item, makeIfNeeded);
-  if (!node || !ref.rest) return node;
+  if (node && ref.item >= 0)
+    node = arbora::Ref<NkNode>(static_cast<NkNodeKitListPart*>(node.get())->getItem(ref.item, makeIfNeeded));
+  if (!node || !ref.rest) return node.get();
   if (!node->isOfType(NkBaseKit::getClassTypeId())) {
     NkDebugError::post(operation, "\"%s\": what stands ahead of the dot is a %s and has no parts", partName.getString(),
                        node->getTypeId().getName().getString());
     return nullptr;
   }
-  return static_cast<NkBaseKit*>(node)->getAnyPart(ref.rest, makeIfNeeded, leafCheck, publicCheck);
+  return static_cast<NkBaseKit*>(node.get())->getAnyPart(ref.rest, makeIfNeeded, leafCheck, publicCheck);
 }
 
 bool NkBaseKit::setAnyPart(const NbName& partName, NkNode* node, bool anyPart) {
@@ -213,14 +218,15 @@ bool NkBaseKit::setAnyPart(const NbName& partName, NkNode* node, bool anyPart) {
   }
 
   // Taking out what isn't there makes nothing.
-  NkNode* outer = nodeAt(ref.part);
+  arbora::Ref<NkNode> outer(nodeAt(ref.part));
   if (!outer && !node) return true;
-  if (!outer) outer = makePart(ref.part);
+  if (!outer) outer = arbora::Ref<NkNode>(makePart(ref.part));
+  if (!outer) return false;
   if (!anyPart) handOut(ref.part);
   if (ref.item >= 0) {
-    auto* list = static_cast<NkNodeKitListPart*>(outer);
+    auto* list = static_cast<NkNodeKitListPart*>(outer.get());
     if (!ref.rest) return list->setItem(ref.item, node);
-    outer = list->getItem(ref.item, node != nullptr);
+    outer = arbora::Ref<NkNode>(list->getItem(ref.item, node != nullptr));
     if (!outer) return node == nullptr;
   }
   if (!outer->isOfType(NkBaseKit::getClassTypeId())) {
@@ -228,7 +234,7 @@ bool NkBaseKit::setAnyPart(const NbName& partName, NkNode* node, bool anyPart) {
                        outer->getTypeId().getName().getString());
     return false;
   }
-  return static_cast<NkBaseKit*>(outer)->setAnyPart(ref.rest, node, anyPart);
+  return static_cast<NkBaseKit*>(outer.get())->setAnyPart(ref.rest, node, anyPart);
 }
 
 void NkBaseKit::handOut(int part) {
@@ -279,7 +285,11 @@ NkNode* NkBaseKit::makePart(int part) {
 }
 
 void NkBaseKit::putPart(int part, NkNode* node) {
+  const arbora::KeepAlive alive(this);
+  const arbora::Ref<NkNode> keep(node);
   placePart(part, node);
+  // A callback may have put something else there.
+  if (placed(part).node.get() != node) return;
   NkSFNode* holder = holderAt(part);
   const NkField* const outer = m_holder;
   m_holder = holder;
@@ -333,7 +343,9 @@ void NkBaseKit::placePart(int part, NkNode* node) {
       insertInOrder(part, node, *siblings);
     }
   }
-  if (previous.get() != node && !getNodekitCatalog()->isLeaf(part)) placePartsBelow(part, previous.get(), node);
+  const arbora::Ref<NkNode> current(placed(part).node);
+  if (previous.get() != current.get() && !getNodekitCatalog()->isLeaf(part))
+    placePartsBelow(part, previous.get(), current.get());
 }
 
 void NkBaseKit::placePartsBelow(int part, NkNode* previous, NkNode* node) {
@@ -450,6 +462,7 @@ void NkBaseKit::internalRemoveChild(int index) {
 void NkBaseKit::internalRemoveChild(NkNode* child) { internalRemoveChild(m_children.find(child)); }
 
 void NkBaseKit::internalRemoveAllChildren() {
+  const arbora::KeepAlive alive(this);
   for (int i = getNumChildren() - 1; i >= 0; --i) {
     if (i < getNumChildren()) internalRemoveChild(i);
   }
@@ -474,14 +487,14 @@ void NkBaseKit::internalReplaceChild(NkNode* oldChild, NkNode* newChild) {
 
 // Traversal
 
-bool NkBaseKit::affectsState() const {
-  for (int i = 0; i < m_children.getLength(); ++i) {
-    if (m_children[i]->affectsState()) return true;
-  }
-  return false;
-}
+bool NkBaseKit::affectsState() const { return m_children.affectsState(); }
 
 void NkBaseKit::doAction(NkAction* action) { m_children.traverse(action); }
+
+void NkBaseKit::GLRender(NkGLRenderAction* action) {
+  NkGetBoundingBoxAction::measureWithin(*action, this);
+  doAction(action);
+}
 
 void NkBaseKit::rayPick(NkRayPickAction* action) {
   doAction(action);

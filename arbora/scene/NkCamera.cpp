@@ -26,6 +26,7 @@ NkCamera::~NkCamera() = default;
 
 void NkCamera::viewAll(NkNode* root, const NbViewportRegion& viewport, float slack) {
   if (!root) return;
+  const arbora::KeepAlive alive(this);
   const arbora::KeepAlive keep(root);
   NkGetBoundingBoxAction measure(viewport);
   measure.apply(root);

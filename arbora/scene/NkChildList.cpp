@@ -41,8 +41,7 @@ void NkChildList::insert(NkNode* child, int index) {
   child->ref();
   m_children.insert(m_children.begin() + std::clamp(index, 0, getLength()), child);
   child->addParent(m_owner);
-  if (m_owner->childrenChanged())
-    child->armSubgraph();
+  m_owner->childrenChanged(child);
 }
 
 void NkChildList::remove(int index) {
@@ -63,8 +62,7 @@ void NkChildList::set(int index, NkNode* child) {
   m_children[static_cast<std::size_t>(index)] = child;
   child->addParent(m_owner);
   previous->removeParent(m_owner);
-  if (m_owner->childrenChanged())
-    child->armSubgraph();
+  m_owner->childrenChanged(child);
   previous->unref();
 }
 
@@ -84,6 +82,7 @@ void NkChildList::truncate(int length) {
 void NkChildList::copy(const NkChildList& other) {
   if (&other == this)
     return;
+  const arbora::KeepAlive alive(m_owner);
   const std::vector<NkNode*> children(other.m_children);
   for (NkNode* child : children)
     child->ref();
@@ -92,6 +91,18 @@ void NkChildList::copy(const NkChildList& other) {
     append(child);
     child->unref();
   }
+}
+
+bool NkChildList::affectsState() const {
+  // A node may contain itself. At a depth that no traversal reaches, the answer that leads to a visit does no harm.
+  static int s_depth = 0;
+  if (s_depth == NkAction::kMaxDepth)
+    return true;
+  ++s_depth;
+  const bool result =
+      std::any_of(m_children.begin(), m_children.end(), [](const NkNode* child) { return child->affectsState(); });
+  --s_depth;
+  return result;
 }
 
 void NkChildList::traverse(NkAction* action, int first, int last) {

@@ -30,6 +30,9 @@ class ARBORA_API NkChildList {
   void truncate(int length);
   void copy(const NkChildList& other);
 
+  /// Whether any child changes the traversal state.
+  bool affectsState() const;
+
   /// Hands the action to the children `first` to `last`, both included; the ends are held within the list. A child
   /// list may change under the traversal.
   void traverse(NkAction* action, int first, int last);

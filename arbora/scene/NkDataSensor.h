@@ -11,7 +11,7 @@ class ARBORA_API NkDataSensor : public NkDelayQueueSensor {
  public:
   ~NkDataSensor() override;
 
-  /// Called when the watched object is about to go; the sensor is detached afterwards.
+  /// Called when the watched object is about to go; the sensor is detached afterwards. The callback may delete it.
   void setDeleteCallback(NkSensorCB* callback, void* data = nullptr);
 
   /// The field whose write set this sensor off, inside the callback; NULL otherwise or if it wasn't a write of a field.
@@ -19,11 +19,10 @@ class ARBORA_API NkDataSensor : public NkDelayQueueSensor {
   /// The node in which the change arose, inside the callback; NULL otherwise.
   NkNode* getTriggerNode() const { return m_triggerNode; }
 
-  void trigger() override;
-
  protected:
   explicit NkDataSensor(NkSensorCB* callback = nullptr, void* data = nullptr) : NkDelayQueueSensor(callback, data) {}
-  void callDeleteCallback();
+  /// False if the callback deleted the sensor.
+  bool callDeleteCallback();
 
  private:
   friend class NkField;
@@ -35,9 +34,10 @@ class ARBORA_API NkDataSensor : public NkDelayQueueSensor {
   /// The watched object is about to go.
   virtual void watchedObjectDies() = 0;
 
+  class LifeWatch;
   NkSensorCB* m_deleteCallback = nullptr;
   void* m_deleteData = nullptr;
   NkField* m_triggerField = nullptr;
   NkNode* m_triggerNode = nullptr;
-  bool* m_deathFlag = nullptr;  // Set by the destructor while the callback runs.
+  bool* m_deathFlag = nullptr;  // Set by the destructor while a callback runs.
 };

@@ -1,6 +1,7 @@
 #include "arbora/scene/NkField.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "arbora/base/NkDebugError.h"
 #include "arbora/scene/NkFieldContainer.h"
@@ -36,12 +37,18 @@ NkField::Links& NkField::links() {
 
 void NkField::dropLinks() {
   disconnect();
-  for (NkField* target : std::vector<NkField*>(m_links->targets))
-    target->disconnect();
-  for (std::size_t i = 0; i < m_links->sensors.size(); ++i) {
-    if (m_links->sensors[i])
-      m_links->sensors[i]->watchedObjectDies();
+  for (NkField* target : std::exchange(m_links->targets, {})) {
+    if (target)
+      target->m_links->source = nullptr;
   }
+  // Each takes itself out of the list, and its callback may take out others.
+  const auto nextSensor = [this] {
+    const std::vector<NkDataSensor*>& sensors = m_links->sensors;
+    const auto it = std::find_if(sensors.begin(), sensors.end(), [](const NkDataSensor* sensor) { return sensor; });
+    return it == sensors.end() ? nullptr : *it;
+  };
+  while (NkDataSensor* sensor = nextSensor())
+    sensor->watchedObjectDies();
 }
 
 void NkField::addSensor(NkDataSensor* sensor) {
@@ -79,8 +86,12 @@ bool NkField::connectFrom(NkField* source) {
 void NkField::disconnect() {
   if (!isConnected())
     return;
-  std::vector<NkField*>& targets = m_links->source->m_links->targets;
-  targets.erase(std::find(targets.begin(), targets.end(), this));
+  Links& source = *m_links->source->m_links;
+  const auto it = std::find(source.targets.begin(), source.targets.end(), this);
+  if (source.depth > 0)
+    *it = nullptr;
+  else
+    source.targets.erase(it);
   m_links->source = nullptr;
 }
 
@@ -100,12 +111,13 @@ void NkField::notify() {
       notifyLinks();
     return;
   }
+  // From here on a callback may drop the container.
+  const arbora::KeepAlive alive(container);
   container->fieldHasChanged(this);
   if (!m_links && !container->m_armed) {
     container->m_changeId = NkNotification::nextStamp();
     return;
   }
-  const arbora::KeepAlive alive(container);
   NkNotification notification;
   notification.field = this;
   container->notifyAbove(notification);
@@ -128,15 +140,31 @@ void NkField::notifyLinks() {
     if (NkDataSensor* sensor = state.sensors[i])
       sensor->notify(notification);
   }
-  if (!state.notifying && !state.targets.empty()) {
-    state.notifying = true;
-    for (NkField* target : std::vector<NkField*>(state.targets)) {
-      if (std::find(state.targets.begin(), state.targets.end(), target) != state.targets.end() &&
-          !(target->m_links && target->m_links->notifying))
-        target->copyFrom(*this);
-    }
-    state.notifying = false;
-  }
-  if (--state.depth == 0)
+  if (!state.notifying && !state.targets.empty())
+    writeTargets(state);
+  if (--state.depth == 0) {
     std::erase(state.sensors, nullptr);
+    std::erase(state.targets, nullptr);
+  }
+}
+
+void NkField::writeTargets(Links& state) {
+  // Each link of a chain of connections stands on the call stack once.
+  constexpr int kMaxChain = 400;
+  static int s_chain = 0;
+  if (s_chain == kMaxChain) {
+    NkDebugError::post("NkField::connectFrom", "A chain of connections is longer than %d; what is behind doesn't follow",
+                       kMaxChain);
+    return;
+  }
+  ++s_chain;
+  state.notifying = true;
+  const std::size_t count = state.targets.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    NkField* target = state.targets[i];
+    if (target && !target->m_links->notifying)
+      target->copyFrom(*this);
+  }
+  state.notifying = false;
+  --s_chain;
 }

@@ -35,7 +35,8 @@ class ARBORA_API NkField {
   void setDefault(bool isDefault) { m_isDefault = isDefault; }
 
   /// Makes this field follow `source`: it takes the value at once and at every later write. Both must be of one
-  /// type; a field that follows itself over a ring of connections stops after one round. A field has one source.
+  /// type; a field that follows itself over a ring of connections stops after one round. A field has one source. A
+  /// change goes on over some hundred connections in a row; what is behind them doesn't follow, which is posted.
   bool connectFrom(NkField* source);
   void disconnect();
   /// Takes the connection off only if it comes from `source`.
@@ -82,8 +83,9 @@ class ARBORA_API NkField {
   // Made on demand: most fields have no listener.
   struct Links {
     NkField* source = nullptr;
+    // Slots are emptied, not removed, while `depth` isn't 0.
     std::vector<NkField*> targets;
-    std::vector<NkDataSensor*> sensors;  // A slot is emptied, not removed, while `depth` isn't 0.
+    std::vector<NkDataSensor*> sensors;
     int depth = 0;
     bool notifying = false;
   };
@@ -92,6 +94,7 @@ class ARBORA_API NkField {
   void removeSensor(NkDataSensor* sensor);
   void notify();
   void notifyLinks();
+  void writeTargets(Links& state);
   void dropLinks();
 
   static NkType s_classTypeId;

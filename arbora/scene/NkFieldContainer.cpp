@@ -126,6 +126,8 @@ bool NkFieldContainer::fieldsAreEqual(const NkFieldContainer* other) const {
 void NkFieldContainer::copyFieldValues(const NkFieldContainer* other) {
   if (!other || other->getTypeId() != getTypeId())
     return;
+  const arbora::KeepAlive alive(this);
+  const arbora::KeepAlive otherAlive(other);
   NkFieldList mine;
   NkFieldList theirs;
   getAllFields(mine);

@@ -53,12 +53,13 @@ void NkMField::exitClass() {
   s_classTypeId = NkType::badType();
 }
 
-bool NkMField::checkIndex(const char* operation, int index) {
+bool NkMField::checkIndex(const char* operation, int index, std::size_t valueSize) {
   // Far above what a scene holds, and low enough that a stray index can't fill the memory.
-  constexpr int kLimit = 1 << 27;
-  if (index >= 0 && index < kLimit)
+  constexpr std::size_t kMostBytes = std::size_t{1} << 30U;
+  const int limit = static_cast<int>(kMostBytes / std::max(valueSize, std::size_t{8}));
+  if (index >= 0 && index < limit)
     return true;
-  NkDebugError::post(operation, "Index %d is out of range %d - %d", index, 0, kLimit - 1);
+  NkDebugError::post(operation, "Index %d is out of range %d - %d", index, 0, limit - 1);
   return false;
 }
 
@@ -107,38 +108,39 @@ void NkSFNode::copyFrom(const NkField& other) {
 }
 
 NkMFNode::~NkMFNode() {
-  for (NkNode* node : m_values)
-    unlink(node);
-}
-
-void NkMFNode::link(NkNode* node) {
-  if (!node)
-    return;
-  node->ref();
-  if (m_linked)
-    node->addParent(m_linked);
-}
-
-void NkMFNode::unlink(NkNode* node) {
-  if (!node)
-    return;
-  if (m_linked)
-    node->removeParent(m_linked);
-  node->unref();
+  for (NkNode* node : m_values) {
+    if (node && m_linked)
+      node->removeParent(m_linked);
+    if (node)
+      node->unref();
+  }
 }
 
 void NkMFNode::setAll(std::vector<NkNode*> values) {
-  if (!m_linked)
-    m_linked = containerNode(*this);
-  for (NkNode* node : values)
-    link(node);
+  NkNode* const previousLink = m_linked;
+  m_linked = containerNode(*this);
+  for (NkNode* node : values) {
+    if (node)
+      node->ref();
+    if (node && m_linked)
+      node->addParent(m_linked);
+  }
   values.swap(m_values);
+  for (NkNode* node : values) {
+    if (node && previousLink)
+      node->removeParent(previousLink);
+  }
   valueChanged();
-  for (NkNode* node : values)
-    unlink(node);
+  // Last: the old values may be what kept this field's container alive.
+  for (NkNode* node : values) {
+    if (node)
+      node->unref();
+  }
 }
 
 void NkMFNode::setNum(int count) {
+  if (!checkIndex("NkMFNode::setNum", std::max(count, 0), sizeof(NkNode*)))
+    return;
   std::vector<NkNode*> values(m_values);
   values.resize(static_cast<std::size_t>(std::max(count, 0)));
   setAll(std::move(values));
@@ -149,7 +151,7 @@ void NkMFNode::setValue(NkNode* node) {
 }
 
 void NkMFNode::set1Value(int index, NkNode* node) {
-  if (!checkIndex("NkMFNode::set1Value", index))
+  if (!checkIndex("NkMFNode::set1Value", index, sizeof(NkNode*)))
     return;
   std::vector<NkNode*> values(m_values);
   if (static_cast<std::size_t>(index) >= values.size())
@@ -159,7 +161,7 @@ void NkMFNode::set1Value(int index, NkNode* node) {
 }
 
 void NkMFNode::insertSpace(int start, int count) {
-  if (start < 0 || start > getNum() || count <= 0)
+  if (start < 0 || start > getNum() || count <= 0 || !checkIndex("NkMFNode::insertSpace", count, sizeof(NkNode*)))
     return;
   std::vector<NkNode*> values(m_values);
   values.insert(values.begin() + start, static_cast<std::size_t>(count), nullptr);

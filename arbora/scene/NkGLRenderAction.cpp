@@ -66,7 +66,7 @@ void NkGLRenderAction::drawList(arbora::DrawList& list) {
 }
 
 void NkGLRenderAction::apply(NkNode* root) {
-  if (!root) return;
+  if (!root || isBusy()) return;
   const arbora::KeepAlive alive(root);
   m_statistics = Statistics();
   arbora::DrawList& list = findList(root);
@@ -78,6 +78,7 @@ void NkGLRenderAction::apply(NkNode* root) {
 
 template <class Target>
 void NkGLRenderAction::drawUnkept(const Target& target) {
+  if (isBusy()) return;
   m_statistics = Statistics();
   arbora::DrawList list(*this);
   m_target = &list;

@@ -21,19 +21,13 @@ class ARBORA_API NkGetBoundingBoxAction : public NkAction {
   void extendBy(const NbBox3f& localBox);
   /// The box of a subgraph in its own local space, under a state of another traversal.
   NbBox3f measure(NkNode* node, const NkState& state);
-  /// The box of what `traverse` visits, in the present local space; for caches.
-  template <class F>
-  NbBox3f measureLocally(F&& traverse) {
-    const NbBox3f outer = m_box;
-    const NbMatrix model = m_state.model;
-    m_box.makeEmpty();
-    m_state.model.makeIdentity();
-    traverse();
-    const NbBox3f result = m_box;
-    m_box = outer;
-    m_state.model = model;
-    return result;
-  }
+  /// The same from inside another traversal, under its present state. Such a call stands on the call stack for each
+  /// level of a scene, on which an action takes much room: here it is gone when the call is over.
+  static NbBox3f measureWithin(const NkAction& traversal, NkNode* node);
+  /// Between the two, boxes are collected apart from those before, in the space of the present node; for caches. The
+  /// matrix is put back by the caller.
+  void beginLocalBox();
+  NbBox3f endLocalBox();
 
  protected:
   void beginTraversal() override;
@@ -42,4 +36,5 @@ class ARBORA_API NkGetBoundingBoxAction : public NkAction {
  private:
   static NkType s_classTypeId;
   NbBox3f m_box;
+  std::vector<NbBox3f> m_outerBoxes;
 };

@@ -121,11 +121,7 @@ void NkGroup::copyContents(const NkNode* original) {
 // Traversal
 
 bool NkGroup::affectsState() const {
-  for (int i = 0; i < m_children.getLength(); ++i) {
-    if (m_children[i]->affectsState())
-      return true;
-  }
-  return false;
+  return m_children.affectsState();
 }
 
 void NkGroup::doAction(NkAction* action) {

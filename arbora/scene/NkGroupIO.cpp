@@ -54,6 +54,18 @@ bool NkGroup::readChildren(NkInput* in) {
 
 // Writing
 
+namespace {
+
+// An object that was made ahead of the library's last `finish` has no table until another one of its class is made.
+void writeFields(const NkNode* node, NkOutput* out) {
+  if (const NkFieldData* fields = node->getFieldData())
+    fields->write(out, node);
+  else if (out->isBinary())
+    out->write(0);
+}
+
+} // namespace
+
 void NkNode::write(NkWriteAction* action) {
   NkOutput* out = action->getOutput();
   if (out->getStage() == NkOutput::COUNT_REFS) {
@@ -61,10 +73,7 @@ void NkNode::write(NkWriteAction* action) {
     return;
   }
   if (writeHeader(out, false)) return;
-  if (const NkFieldData* fields = getFieldData())
-    fields->write(out, this);
-  else if (out->isBinary())
-    out->write(0);
+  writeFields(this, out);
   writeFooter(out);
 }
 
@@ -78,7 +87,7 @@ void NkGroup::write(NkWriteAction* action) {
     return;
   }
   if (writeHeader(out, true)) return;
-  getFieldData()->write(out, this);
+  writeFields(this, out);
   if (out->isBinary()) {
     int count = 0;
     for (int i = 0; i <= last; ++i) count += m_children[i]->shouldWrite() > 0 ? 1 : 0;

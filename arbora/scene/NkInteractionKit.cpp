@@ -27,6 +27,7 @@ void NkInteractionKit::setSwitchValue(NkNode* node, int whichChild) {
 bool NkInteractionKit::setPartAsDefault(const NbName& partName, NkNode* node, bool onlyIfAlready) {
   NkSFNode* holder = getPartHolder(partName);
   if (!holder || !node || (onlyIfAlready && !holder->isDefault())) return false;
+  const arbora::KeepAlive alive(this);
   if (!setAnyPart(partName, node)) return false;
   holder->setDefault(true);
   return true;
@@ -41,6 +42,7 @@ bool NkInteractionKit::setPartAsDefault(const NbName& partName, const NbName& no
 bool NkInteractionKit::setPartAsPath(const NbName& partName, NkPath* surrogate) {
   const arbora::Ref<NkPath> keep(surrogate);
   // The part's own node goes, and with it an older surrogate.
+  const arbora::KeepAlive alive(this);
   if (!setAnyPart(partName, nullptr, false)) return false;
   if (!surrogate || !surrogate->getHead()) return true;
   Surrogate entry;
@@ -59,6 +61,7 @@ void NkInteractionKit::removeSurrogate(const NbName& partName) {
 }
 
 bool NkInteractionKit::setAnyPart(const NbName& partName, NkNode* node, bool anyPart) {
+  const arbora::KeepAlive alive(this);
   if (!NkBaseKit::setAnyPart(partName, node, anyPart)) return false;
   removeSurrogate(partName);
   return true;

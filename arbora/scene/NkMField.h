@@ -21,8 +21,8 @@ class ARBORA_API NkMField : public NkField {
   static void exitClass();
 
  protected:
-  /// Posts a message for an index that no list can have.
-  static bool checkIndex(const char* operation, int index);
+  /// Posts a message for an index that no list of values of that size can have.
+  static bool checkIndex(const char* operation, int index, std::size_t valueSize);
 
  private:
   static NkType s_classTypeId;
@@ -35,6 +35,8 @@ class NkMFieldOf : public NkMField {
   using Value = T;
   int getNum() const override { return static_cast<int>(m_values.size()); }
   void setNum(int count) override {
+    if (!checkIndex("NkMField::setNum", std::max(count, 0), sizeof(T)))
+      return;
     m_values.resize(static_cast<std::size_t>(std::max(count, 0)));
     valueChanged();
   }
@@ -50,7 +52,7 @@ class NkMFieldOf : public NkMField {
   }
   /// Writes one value; past the end the field grows, with default values between.
   void set1Value(int index, const T& value) {
-    if (!checkIndex("NkMField::set1Value", index))
+    if (!checkIndex("NkMField::set1Value", index, sizeof(T)))
       return;
     T copy(value);
     if (static_cast<std::size_t>(index) >= m_values.size())
@@ -59,7 +61,8 @@ class NkMFieldOf : public NkMField {
     valueChanged();
   }
   void setValues(int start, int count, const T* values) {
-    if (count <= 0 || !checkIndex("NkMField::setValues", start) || !checkIndex("NkMField::setValues", count))
+    const char* const operation = "NkMField::setValues";
+    if (count <= 0 || !checkIndex(operation, start, sizeof(T)) || !checkIndex(operation, count, sizeof(T)))
       return;
     const std::vector<T> copy(values, values + count);
     const std::size_t end = static_cast<std::size_t>(start) + copy.size();
@@ -73,7 +76,7 @@ class NkMFieldOf : public NkMField {
     valueChanged();
   }
   void insertSpace(int start, int count) override {
-    if (start < 0 || start > getNum() || count <= 0)
+    if (start < 0 || start > getNum() || count <= 0 || !checkIndex("NkMField::insertSpace", count, sizeof(T)))
       return;
     m_values.insert(m_values.begin() + start, static_cast<std::size_t>(count), T());
     valueChanged();
@@ -176,8 +179,6 @@ class ARBORA_API NkMFNode : public NkMField {
 
  private:
   void setAll(std::vector<NkNode*> values);
-  void link(NkNode* node);
-  void unlink(NkNode* node);
   std::vector<NkNode*> m_values;
   NkNode* m_linked = nullptr;
 };

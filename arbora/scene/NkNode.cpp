@@ -1,7 +1,9 @@
 #include "arbora/scene/NkNode.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "arbora/base/NkDebugError.h"
 #include "arbora/scene/NameTable.h"
 #include "arbora/scene/NkAction.h"
 #include "arbora/scene/NkChildList.h"
@@ -76,6 +78,21 @@ constexpr int kMaxDepth = 2 * NkAction::kMaxDepth;
 int s_nextActionMethodIndex = 0;
 const NkFieldData* s_noFields = nullptr;
 
+/// The nodes that a field holds.
+template <class F>
+void forEachNodeIn(const NkField& field, F&& f) {
+  if (field.getTypeId() == NkSFNode::getClassTypeId()) {
+    if (NkNode* node = static_cast<const NkSFNode&>(field).getValue())
+      f(node);
+  } else if (field.getTypeId() == NkMFNode::getClassTypeId()) {
+    const auto& nodes = static_cast<const NkMFNode&>(field);
+    for (int i = 0; i < nodes.getNum(); ++i) {
+      if (nodes[i])
+        f(nodes[i]);
+    }
+  }
+}
+
 }  // namespace
 
 NkType NkNode::s_classTypeId;
@@ -119,7 +136,7 @@ void NkNode::incNextActionMethodIndex() {
 NkNode* NkNode::getByName(const NbName& name) {
   const auto& objects = arbora::NameTable::get().find(name);
   for (auto it = objects.rbegin(); it != objects.rend(); ++it) {
-    if ((*it)->isOfType(s_classTypeId))
+    if ((*it)->isOfType(s_classTypeId) && !(*it)->isDying())
       return static_cast<NkNode*>(*it);
   }
   return nullptr;
@@ -127,9 +144,10 @@ NkNode* NkNode::getByName(const NbName& name) {
 
 int NkNode::getByName(const NbName& name, NkNodeList& nodes) {
   int count = 0;
-  for (NkBase* object : arbora::NameTable::get().find(name)) {
-    if (object->isOfType(s_classTypeId)) {
-      nodes.append(static_cast<NkNode*>(object));
+  const auto& objects = arbora::NameTable::get().find(name);
+  for (auto it = objects.rbegin(); it != objects.rend(); ++it) {
+    if ((*it)->isOfType(s_classTypeId) && !(*it)->isDying()) {
+      nodes.append(static_cast<NkNode*>(*it));
       ++count;
     }
   }
@@ -162,20 +180,24 @@ void NkNode::touch() {
   childrenChanged();
 }
 
-bool NkNode::childrenChanged() {
+void NkNode::childrenChanged(NkNode* added) {
   const arbora::KeepAlive alive(this);
   NkNotification notification;
   notification.origin = this;
   const bool depends = notify(notification);
   m_changeId = notification.stamp;
+  // Ahead of the callbacks, which may take the child out again.
+  if (depends && added)
+    added->armSubgraph();
   notification.setOffSensors();
-  return depends;
 }
 
 void NkNode::notifyAbove(NkNotification& notification) {
   notification.origin = this;
   m_changeId = notification.stamp;
-  notify(notification);
+  // What depends on this node depends on the nodes that have come into its fields, too.
+  if (notify(notification))
+    forEachNodeIn(*notification.field, [](NkNode* node) { node->armSubgraph(); });
 }
 
 bool NkNode::dropCaches(NkNotification&) {
@@ -262,16 +284,8 @@ void NkNode::armSubgraph() {
         visit((*children)[i]);
     }
     const NkFieldData* data = node->getFieldData();
-    for (int i = 0; data && i < data->getNumFields(); ++i) {
-      const NkField* field = data->getField(node, i);
-      if (field->getTypeId() == NkSFNode::getClassTypeId()) {
-        visit(static_cast<const NkSFNode*>(field)->getValue());
-      } else if (field->getTypeId() == NkMFNode::getClassTypeId()) {
-        const auto* nodes = static_cast<const NkMFNode*>(field);
-        for (int j = 0; j < nodes->getNum(); ++j)
-          visit((*nodes)[j]);
-      }
-    }
+    for (int i = 0; data && i < data->getNumFields(); ++i)
+      forEachNodeIn(*data->getField(node, i), visit);
   }
 }
 
@@ -279,15 +293,21 @@ void NkNode::armSubgraph() {
 
 namespace {
 
-std::unordered_map<const NkNode*, NkNode*>* s_copies = nullptr;
+struct Copies {
+  std::unordered_map<const NkNode*, NkNode*> nodes;
+  int depth = 0;
+  bool isCut = false;
+};
+Copies* s_copies = nullptr;
 
 }  // namespace
 
 NkNode* NkNode::copy() const {
-  std::unordered_map<const NkNode*, NkNode*> copies;
-  s_copies = &copies;
+  // A class may copy something else while it is copied.
+  Copies copies;
+  Copies* const outer = std::exchange(s_copies, &copies);
   NkNode* result = copyOf(this);
-  s_copies = nullptr;
+  s_copies = outer;
   return result;
 }
 
@@ -298,13 +318,21 @@ bool NkNode::isCopying() {
 NkNode* NkNode::copyOf(const NkNode* original) {
   if (!original)
     return nullptr;
-  const auto it = s_copies->find(original);
-  if (it != s_copies->end())
+  const auto it = s_copies->nodes.find(original);
+  if (it != s_copies->nodes.end())
     return it->second;
+  if (s_copies->depth > NkAction::kMaxDepth) {
+    if (!s_copies->isCut)
+      NkDebugError::post("NkNode::copy", "The scene is nested deeper than %d levels; what is below isn't copied",
+                         NkAction::kMaxDepth);
+    s_copies->isCut = true;
+    return nullptr;
+  }
   auto* copy = static_cast<NkNode*>(original->getTypeId().createInstance());
   if (!copy)
     return nullptr;
-  s_copies->emplace(original, copy);
+  s_copies->nodes.emplace(original, copy);
+  ++s_copies->depth;
   copy->copyFieldValues(original);
   const NkFieldData* data = copy->getFieldData();
   for (int i = 0; data && i < data->getNumFields(); ++i) {
@@ -322,6 +350,7 @@ NkNode* NkNode::copyOf(const NkNode* original) {
     field->setDefault(isDefault);
   }
   copy->copyContents(original);
+  --s_copies->depth;
   return copy;
 }
 

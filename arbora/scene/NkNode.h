@@ -58,7 +58,7 @@ class ARBORA_API NkNode : public NkFieldContainer {
 
   /// The node that bears a name; of several the one that was named last. NULL if there is none.
   static NkNode* getByName(const NbName& name);
-  /// Appends the nodes that bear a name, in the order in which they were named, and gives their number.
+  /// Appends the nodes that bear a name, the one that was named last ahead, and gives their number.
   static int getByName(const NbName& name, NkNodeList& nodes);
 
   /// Indices that tell classes apart for the tables of actions: handed out while classes are registered.
@@ -97,8 +97,8 @@ class ARBORA_API NkNode : public NkFieldContainer {
   /// Marks the node as one on whose state something above depends (a cache, a sensor).
   void arm() { m_armed = true; }
   void armSubgraph();
-  /// The child list of this node changed. Gives true if something depends on what is below this node.
-  bool childrenChanged();
+  /// The child list of this node changed; `added` is the child that came, if one did.
+  void childrenChanged(NkNode* added = nullptr);
 
   static const NkFieldData** getFieldDataPtr();
   const NkFieldData* getFieldData() const override;

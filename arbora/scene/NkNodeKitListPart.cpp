@@ -60,6 +60,7 @@ bool NkNodeKitListPart::holdsOnly(NkType type) const {
 // Items
 
 NkGroup* NkNodeKitListPart::getContainer(bool makeIfNeeded) {
+  const arbora::KeepAlive alive(this);
   if (!container.getValue() && makeIfNeeded) {
     const NkType type = getContainerType();
     const bool good = type.isDerivedFrom(NkGroup::getClassTypeId()) && type.canCreateInstance();
@@ -90,6 +91,7 @@ bool NkNodeKitListPart::checkIndex(int index, int last, const char* operation) c
 }
 
 NkNode* NkNodeKitListPart::getItem(int index, bool makeIfNeeded) {
+  const arbora::KeepAlive alive(this);
   if (index == getNumItems() && makeIfNeeded) {
     for (int i = 0; i < itemTypes.getNum() && index == getNumItems(); ++i) {
       const NkType type = NkType::fromName(NbName(itemTypes[i]));
@@ -103,6 +105,7 @@ bool NkNodeKitListPart::setItem(int index, NkNode* item) {
   const char* const operation = "NkNodeKitListPart::setItem";
   if (item && index == getNumItems()) return insertItem(item, index);
   if (!checkIndex(index, getNumItems() - 1, operation) || (item && !checkItem(item, operation))) return false;
+  const arbora::KeepAlive alive(this);
   if (item)
     getContainer(true)->replaceChild(index, item);
   else
@@ -113,6 +116,11 @@ bool NkNodeKitListPart::setItem(int index, NkNode* item) {
 bool NkNodeKitListPart::insertItem(NkNode* item, int index) {
   const char* const operation = "NkNodeKitListPart::insertItem";
   if (!checkItem(item, operation) || !checkIndex(index, getNumItems(), operation)) return false;
-  getContainer(true)->insertChild(item, index);
+  const arbora::KeepAlive alive(this);
+  const arbora::Ref<NkNode> keep(item);
+  // A callback may have taken the new container out again.
+  NkGroup* const holder = getContainer(true);
+  if (!holder) return false;
+  holder->insertChild(item, index);
   return true;
 }

@@ -10,6 +10,7 @@ constexpr int kMaxDepth = 200;
 
 struct Deaths {
   int depth = 0;
+  int pauses = 0;
   std::vector<NkRefCounter*> waiting;
 };
 
@@ -17,9 +18,6 @@ Deaths& deaths() {
   thread_local Deaths s_deaths;
   return s_deaths;
 }
-
-// While an object dies, references that come and go must not kill it again.
-constexpr int kDyingCount = 1 << 30;
 
 }  // namespace
 
@@ -33,16 +31,37 @@ void NkRefCounter::die() const {
   m_refCount = kDyingCount;
   auto* self = const_cast<NkRefCounter*>(this);
   Deaths& state = deaths();
-  if (state.depth >= kMaxDepth) {
+  if (state.depth >= kMaxDepth || state.pauses > 0) {
     state.waiting.push_back(self);
     return;
   }
   ++state.depth;
   self->destroy();
-  while (state.depth == 1 && !state.waiting.empty()) {
+  if (--state.depth == 0)
+    endWaiting();
+}
+
+void NkRefCounter::endWaiting() {
+  Deaths& state = deaths();
+  ++state.depth;
+  while (!state.waiting.empty() && state.pauses == 0) {
     NkRefCounter* next = state.waiting.back();
     state.waiting.pop_back();
     next->destroy();
   }
   --state.depth;
 }
+
+namespace arbora {
+
+DeathPause::DeathPause() {
+  ++deaths().pauses;
+}
+
+DeathPause::~DeathPause() {
+  const Deaths& state = deaths();
+  if (--deaths().pauses == 0 && state.depth == 0 && !state.waiting.empty())
+    NkRefCounter::endWaiting();
+}
+
+}  // namespace arbora

@@ -2,6 +2,10 @@
 
 #include "arbora/scene/export.h"
 
+namespace arbora {
+class DeathPause;
+}
+
 /// Intrusive reference count. A new object has the count 0; it is deleted through `destroy` when the count
 /// returns to 0. The count is not atomic: an object belongs to the thread that uses its scene.
 class ARBORA_API NkRefCounter {
@@ -14,6 +18,8 @@ class ARBORA_API NkRefCounter {
   /// Takes a reference off without deleting: hands an object on with the count that it had before `ref`.
   void unrefNoDelete() const { --m_refCount; }
   int getRefCount() const { return m_refCount; }
+  /// True from the moment at which the last reference went: it's too late for another one.
+  bool isDying() const { return m_refCount >= kDyingCount / 2; }
 
   NkRefCounter(const NkRefCounter&) = delete;
   NkRefCounter& operator=(const NkRefCounter&) = delete;
@@ -25,7 +31,11 @@ class ARBORA_API NkRefCounter {
   virtual void destroy();
 
  private:
+  // While an object dies, references that come and go must not kill it again.
+  static constexpr int kDyingCount = 1 << 30;
+  friend class arbora::DeathPause;
   void die() const;
+  static void endWaiting();
   mutable int m_refCount = 0;
 };
 
@@ -61,15 +71,31 @@ class Ref {
   T* m_object = nullptr;
 };
 
-/// Keeps an object alive over a call that leaves the library, without deleting an object that nobody has referenced yet.
+/// While one lives, objects of this thread that lose their last reference wait with dying until it goes. A traversal
+/// whose state has plain pointers to nodes holds one, for the sake of nodes that change the scene when they are visited.
+class ARBORA_API DeathPause {
+ public:
+  DeathPause();
+  ~DeathPause();
+  DeathPause(const DeathPause&) = delete;
+  DeathPause& operator=(const DeathPause&) = delete;
+};
+
+/// Keeps an object alive over a call that leaves the library. An object that nobody has referenced yet stays so: a
+/// reference that comes and goes inside the call doesn't delete it under the caller's hands.
 class KeepAlive {
  public:
-  explicit KeepAlive(const NkRefCounter* object) : m_object(object && object->getRefCount() > 0 ? object : nullptr) {
+  explicit KeepAlive(const NkRefCounter* object)
+      : m_object(object), m_isUnreferenced(object && object->getRefCount() == 0) {
     if (m_object)
       m_object->ref();
   }
   ~KeepAlive() {
-    if (m_object)
+    if (!m_object)
+      return;
+    if (m_isUnreferenced && m_object->getRefCount() == 1)
+      m_object->unrefNoDelete();
+    else
       m_object->unref();
   }
   KeepAlive(const KeepAlive&) = delete;
@@ -77,6 +103,7 @@ class KeepAlive {
 
  private:
   const NkRefCounter* m_object;
+  bool m_isUnreferenced;
 };
 
 }  // namespace arbora

@@ -93,6 +93,28 @@ void NkDelayQueueSensor::trigger() {
 
 // Data sensors
 
+/// Tells behind a callback whether it deleted the sensor.
+class NkDataSensor::LifeWatch {
+ public:
+  explicit LifeWatch(NkDataSensor* sensor) : m_sensor(sensor), m_outer(sensor->m_deathFlag) {
+    sensor->m_deathFlag = &m_isDead;
+  }
+  ~LifeWatch() {
+    if (!m_isDead)
+      m_sensor->m_deathFlag = m_outer;
+    else if (m_outer)
+      *m_outer = true;
+  }
+  LifeWatch(const LifeWatch&) = delete;
+  LifeWatch& operator=(const LifeWatch&) = delete;
+  bool isDead() const { return m_isDead; }
+
+ private:
+  NkDataSensor* m_sensor;
+  bool* m_outer;
+  bool m_isDead = false;
+};
+
 NkDataSensor::~NkDataSensor() {
   NkNotification::forget(this);
   if (m_deathFlag)
@@ -104,9 +126,11 @@ void NkDataSensor::setDeleteCallback(NkSensorCB* callback, void* data) {
   m_deleteData = data;
 }
 
-void NkDataSensor::callDeleteCallback() {
+bool NkDataSensor::callDeleteCallback() {
+  const LifeWatch life(this);
   if (m_deleteCallback)
     m_deleteCallback(m_deleteData, this);
+  return !life.isDead();
 }
 
 void NkDataSensor::notify(const NkNotification& notification) {
@@ -114,25 +138,17 @@ void NkDataSensor::notify(const NkNotification& notification) {
     schedule();  // The trigger may be gone by the time the callback runs: it isn't kept.
     return;
   }
+  // A callback may write again and so get here from inside itself.
+  const LifeWatch life(this);
+  NkField* const outerField = m_triggerField;
+  NkNode* const outerNode = m_triggerNode;
   m_triggerField = notification.field;
   m_triggerNode = notification.origin;
   trigger();
-}
-
-void NkDataSensor::trigger() {
-  // The callback may delete this sensor.
-  bool dead = false;
-  bool* const outerFlag = m_deathFlag;
-  m_deathFlag = &dead;
-  NkDelayQueueSensor::trigger();
-  if (dead) {
-    if (outerFlag)
-      *outerFlag = true;
+  if (life.isDead())
     return;
-  }
-  m_deathFlag = outerFlag;
-  m_triggerField = nullptr;
-  m_triggerNode = nullptr;
+  m_triggerField = outerField;
+  m_triggerNode = outerNode;
 }
 
 NkFieldSensor::~NkFieldSensor() {
@@ -159,8 +175,7 @@ void NkFieldSensor::detach() {
 
 void NkFieldSensor::watchedObjectDies() {
   const NkField* field = m_field;
-  callDeleteCallback();
-  if (m_field == field)
+  if (callDeleteCallback() && m_field == field)
     detach();
 }
 
@@ -188,7 +203,6 @@ void NkNodeSensor::detach() {
 
 void NkNodeSensor::watchedObjectDies() {
   const NkNode* node = m_node;
-  callDeleteCallback();
-  if (m_node == node)
+  if (callDeleteCallback() && m_node == node)
     detach();
 }

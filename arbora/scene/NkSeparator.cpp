@@ -35,6 +35,7 @@ bool NkSeparator::dropCaches(NkNotification& notification) {
   if (!m_cache)
     return false;
   m_cache->box.valid = false;
+  ++m_cache->box.changes;
   if (!notification.drawn)
     m_cache->markSegmentsDirty();
   // The separators further up draw this one's content by way of its segments.
@@ -60,27 +61,36 @@ void NkSeparator::getBoundingBox(NkGetBoundingBoxAction* action) {
     doAction(action);
     return;
   }
-  arbora::SeparatorCache::Box& cached = getCache().box;
+  const arbora::SeparatorCache::Box& cached = getCache().box;
   NkState& state = *action->getState();
-  if (!cached.fits(state)) {
-    const arbora::FontStyle font = state.font;
-    const std::uint64_t coordinatesId = state.coordinates ? state.coordinates->getNodeId() : 0;
-    const int switchChild = state.switchChild;
-    const NbBox3f box = action->measureLocally([&] {
-      const NkAction::StateScope scope(action);
-      state.usedInherited = 0;
-      state.setBelow = 0;
-      NkGroup::doAction(action);
-      cached.used = state.usedInherited;
-    });
-    cached.box = box;
-    cached.font = font;
-    cached.coordinatesId = coordinatesId;
-    cached.switchChild = switchChild;
-    cached.valid = true;
-  }
+  if (!cached.fits(state))
+    measureContent(action);
   state.usedInherited |= cached.used & ~state.setBelow;
   action->extendBy(cached.box);
+}
+
+void NkSeparator::measureContent(NkGetBoundingBoxAction* action) {
+  arbora::SeparatorCache::Box& cached = getCache().box;
+  NkState& state = *action->getState();
+  const std::uint64_t coordinatesId = state.coordinates ? state.coordinates->getNodeId() : 0;
+  const unsigned changes = cached.changes;
+  {
+    const NkAction::StateScope scope(action);
+    state.usedInherited = 0;
+    state.setBelow = 0;
+    action->beginLocalBox();
+    NkGroup::doAction(action);
+    cached.box = action->endLocalBox();
+    cached.used = state.usedInherited;
+    state.usedInherited = 0;
+  }
+  // The state is now what it was ahead of the content.
+  cached.font = state.font;
+  cached.coordinatesId = coordinatesId;
+  cached.switchChild = state.switchChild;
+  // Content that came into being only when it was asked for its box has changed under the traversal. It tells of
+  // further changes once a traversal has visited it as it is now.
+  cached.valid = cached.changes == changes;
 }
 
 void NkSeparator::rayPick(NkRayPickAction* action) {
@@ -88,7 +98,7 @@ void NkSeparator::rayPick(NkRayPickAction* action) {
     const arbora::SeparatorCache::Box& cached = getCache().box;
     const NkState& state = *action->getState();
     if (!cached.fits(state))
-      NkGetBoundingBoxAction(action->getViewportRegion()).measure(this, state);
+      NkGetBoundingBoxAction::measureWithin(*action, this);
     // A camera inside decides on the ray, so the box tells nothing.
     if (cached.fits(state) && !(cached.used & NkState::CAMERA) && !action->hitsBox(cached.box))
       return;

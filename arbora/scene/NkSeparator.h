@@ -32,5 +32,6 @@ class ARBORA_API NkSeparator : public NkGroup {
   bool dropCaches(NkNotification& notification) override;
 
  private:
+  void measureContent(NkGetBoundingBoxAction* action);
   std::unique_ptr<arbora::SeparatorCache> m_cache;
 };

@@ -54,9 +54,10 @@ void NkSwitch::doAction(NkAction* action) {
   int count = 0;
   const int* indices = nullptr;
   action->getPathCode(count, indices);
-  const std::vector<int> next(indices, indices + count);
-  for (const int index : next)
-    getChildren()->traverse(action, index, index);
+  for (int i = 0; i < count; ++i) {
+    getChildren()->traverse(action, indices[i], indices[i]);
+    action->getPathCode(count, indices);  // The same again; they have moved.
+  }
 }
 
 void NkSwitch::search(NkSearchAction* action) {

@@ -19,6 +19,7 @@ void NkTransform::setMatrix(const NbMatrix& matrix) {
   NbRotation newRotation;
   NbRotation newOrientation;
   matrix.getTransform(newTranslation, newRotation, newScale, newOrientation, center.getValue());
+  const arbora::KeepAlive alive(this);
   translation = newTranslation;
   rotation = newRotation;
   scaleFactor = newScale;

@@ -26,6 +26,7 @@ void NkWriteAction::exitClass() {
 
 template <class WriteStage>
 void NkWriteAction::write(WriteStage writeStage) {
+  if (isBusy()) return;
   const arbora::WritePass pass(m_out, this);
   writeStage();
   m_out->setStage(NkOutput::WRITE);

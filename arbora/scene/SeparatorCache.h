@@ -22,6 +22,8 @@ struct ARBORA_API SeparatorCache {
   /// The box of the content in the separator's local space, and what of the inherited state it depends on.
   struct Box {
     bool valid = false;
+    /// Grows with every change below the separator that it hears of.
+    unsigned changes = 0;
     NbBox3f box;
     unsigned used = 0;  // NkState::Element bits.
     FontStyle font;

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <chrono>
+#include <cmath>
 #include <cstring>
 #include <cwchar>
 #include <filesystem>
@@ -15,16 +15,15 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include "arbora/scene/text/GuiText_linux.h"
+
 namespace {
 
 constexpr int kScreenWidth = 1280;
 constexpr int kScreenHeight = 1024;
 
-/// The cell of a character as long as nobody measures text.
-constexpr SIZE kCell = {6, 13};
-constexpr LONG kAscent = 10;
-
-std::atomic<arbora::TextExtentHook> s_textExtent{nullptr};
+/// How much of a line's height stands above the baseline, as the controls' font has it.
+constexpr double kAscentShare = 10.0 / 13.0;
 
 thread_local DWORD s_lastError = 0;
 
@@ -118,8 +117,8 @@ constexpr std::array<COLORREF, 25> kColors = {
 };
 
 SIZE textExtent(const wchar_t* text, int length) {
-  if (const arbora::TextExtentHook hook = s_textExtent.load()) return hook(text, length);
-  return {kCell.cx * length, kCell.cy};
+  const arbora::PixelExtent extent = arbora::measureGuiText(text, length);
+  return {extent.width, extent.height};
 }
 
 /// A call that would fill in `*result` leaves zeros: callers that do not check still see something definite.
@@ -130,12 +129,6 @@ BOOL failClearing(T* result) {
 }
 
 } // namespace
-
-namespace arbora {
-
-TextExtentHook setTextExtentHook(TextExtentHook hook) { return s_textExtent.exchange(hook); }
-
-} // namespace arbora
 
 // Windows and their classes
 ATOM RegisterClassA(const WNDCLASSA*) { return 0; }
@@ -502,7 +495,7 @@ BOOL GetTextMetricsA(HDC context, TEXTMETRICA* metrics) {
   constexpr LONG letters = alphabet.size();
   const SIZE all = textExtent(alphabet.data(), letters);
   metrics->tmHeight = all.cy;
-  metrics->tmAscent = (all.cy * kAscent + kCell.cy / 2) / kCell.cy;
+  metrics->tmAscent = static_cast<LONG>(std::lround(static_cast<double>(all.cy) * kAscentShare));
   metrics->tmDescent = metrics->tmHeight - metrics->tmAscent;
   metrics->tmAveCharWidth = (all.cx + letters / 2) / letters;
   metrics->tmMaxCharWidth = textExtent(L"W", 1).cx;

@@ -67,16 +67,6 @@ constexpr BYTE GetRValue(COLORREF color) { return static_cast<BYTE>(color & 0xff
 constexpr BYTE GetGValue(COLORREF color) { return static_cast<BYTE>((color >> 8) & 0xff); }
 constexpr BYTE GetBValue(COLORREF color) { return static_cast<BYTE>((color >> 16) & 0xff); }
 
-namespace arbora {
-
-/// Measures a line of text in the toolkit's font, in pixels.
-using TextExtentHook = SIZE (*)(const wchar_t* text, int length);
-
-/// Says who measures text; NULL for the fixed cells of 6 by 13 that hold until somebody does. Gives the previous one.
-ARBORAWIN_API TextExtentHook setTextExtentHook(TextExtentHook hook);
-
-} // namespace arbora
-
 // Windows and their classes
 ARBORAWIN_API ATOM RegisterClassA(const WNDCLASSA* record);
 ARBORAWIN_API ATOM RegisterClassW(const WNDCLASSW* record);

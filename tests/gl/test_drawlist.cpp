@@ -10,6 +10,8 @@
 #include "arbora/scene/NkDirectionalLight.h"
 #include "arbora/scene/NkFaceSet.h"
 #include "arbora/scene/NkGLRenderAction.h"
+#include "arbora/scene/NkGetBoundingBoxAction.h"
+#include "arbora/scene/NkInteractionKit.h"
 #include "arbora/scene/NkMaterial.h"
 #include "arbora/scene/NkOrthographicCamera.h"
 #include "arbora/scene/NkPath.h"
@@ -55,6 +57,33 @@ protected:
   arbora::RecordingBackend backend;
   NkGLRenderAction action{NbViewportRegion(100, 100)};
 };
+
+/// Makes its content when it is first asked for its box, as panels do.
+class LateKit : public NkInteractionKit {
+  NK_KIT_HEADER(LateKit);
+
+public:
+  LateKit() {
+    NK_KIT_CONSTRUCTOR(LateKit);
+    NK_KIT_INIT_INSTANCE();
+  }
+  void getBoundingBox(NkGetBoundingBoxAction* action) override {
+    if (!m_translation) {
+      const bool wasEnabled = enableNotify(false);
+      m_translation = new NkTranslation;
+      auto* top = static_cast<NkSeparator*>(getAnyPart("geomSeparator", true));
+      top->addChild(m_translation);
+      top->addChild(new NkCube);
+      enableNotify(wasEnabled);
+    }
+    NkInteractionKit::getBoundingBox(action);
+  }
+  NkTranslation* m_translation = nullptr;
+
+protected:
+  ~LateKit() override = default;
+};
+NK_KIT_SOURCE(LateKit, NkInteractionKit, "LateKit");
 
 /// Separator { Translation, shape }.
 struct Part {
@@ -121,6 +150,27 @@ TEST_F(DrawLists, AChangeCompilesOneSegmentAndSendsOneInstance) {
   std::vector<float> expected;
   for (int i = 0; i < 100; ++i) expected.push_back(i == 40 ? 500.0f : static_cast<float>(i));
   EXPECT_EQ(places(), expected);
+}
+
+TEST_F(DrawLists, AKitThatMakesItsContentWhenItIsMeasuredIsInTheFirstFrame) {
+  LateKit::initClass();
+  {
+    const Ref<NkSeparator> root(new NkSeparator);
+    auto* separator = new NkSeparator;
+    auto* kit = new LateKit;
+    separator->addChild(kit);
+    root->addChild(separator);
+    draw(root.get());
+    EXPECT_EQ(places(), std::vector<float>{0});
+    ASSERT_TRUE(kit->m_translation);
+    for (int x = 3; x < 6; ++x) {
+      kit->m_translation->translation.setValue(static_cast<float>(x), 0, 0);
+      draw(root.get());
+      EXPECT_EQ(places(), std::vector<float>{static_cast<float>(x)});
+    }
+    EXPECT_EQ(draw(root.get()).visitedNodes, 0);
+  }
+  LateKit::exitClass();
 }
 
 TEST_F(DrawLists, EveryLaterChangeIsSeenToo) {

@@ -21,6 +21,27 @@ NbBox3f boxOf(NkNode* node) {
   return action.getBoundingBox();
 }
 
+/// Makes its content when it is first asked for its box, as panels do.
+class LateGroup : public NkGroup {
+  NK_NODE_HEADER(LateGroup);
+
+ public:
+  LateGroup() { NK_NODE_CONSTRUCTOR(LateGroup); }
+  void getBoundingBox(NkGetBoundingBoxAction* action) override {
+    if (!m_cube) {
+      const bool wasEnabled = enableNotify(false);
+      addChild(m_cube = new NkCube);
+      enableNotify(wasEnabled);
+    }
+    NkGroup::getBoundingBox(action);
+  }
+  NkCube* m_cube = nullptr;
+
+ protected:
+  ~LateGroup() override = default;
+};
+NK_NODE_SOURCE(LateGroup, NkGroup, "LateGroup");
+
 }  // namespace
 
 using Groups = SceneTest;
@@ -152,6 +173,29 @@ TEST_F(Groups, ACachedBoxFollowsChangesBelow) {
   EXPECT_FLOAT_EQ(boxOf(root.get()).getMax()[0], 103);
   separator->removeAllChildren();
   EXPECT_TRUE(boxOf(root.get()).isEmpty());
+}
+
+TEST_F(Groups, AMeasuredBoxFollowsContentThatTheMeasuringMade) {
+  LateGroup::initClass();
+  {
+    const Ref<NkSeparator> root(new NkSeparator);
+    auto* separator = new NkSeparator;
+    auto* late = new LateGroup;
+    separator->addChild(late);
+    root->addChild(separator);
+    EXPECT_FLOAT_EQ(boxOf(root.get()).getSize()[0], 2);
+    late->m_cube->width = 6;
+    EXPECT_FLOAT_EQ(boxOf(root.get()).getSize()[0], 6);
+    late->m_cube->width = 8;
+    EXPECT_FLOAT_EQ(boxOf(root.get()).getSize()[0], 8);
+    auto* another = new LateGroup;
+    separator->addChild(another);
+    boxOf(root.get());
+    ASSERT_TRUE(another->m_cube);
+    another->m_cube->height = 9;
+    EXPECT_FLOAT_EQ(boxOf(root.get()).getSize()[1], 9);
+  }
+  LateGroup::exitClass();
 }
 
 TEST_F(Groups, ASharedSeparatorIsMeasuredInEachPlace) {

@@ -539,6 +539,23 @@ TEST_F(Kits, ADefaultPartIsTheNodeOfThatName) {
   EXPECT_EQ(static_cast<NkGroup*>(kit->frameGroup.getValue())->findChild(skin.get()), 0);
 }
 
+TEST_F(Kits, OfSeveralNodesOfThatNameTheDefaultPartIsTheFirstThatALookUpGives) {
+  // Who exchanges the content of named nodes while kits use them has to meet the one in use.
+  const auto older = read("DEF Look Group { Cube { } }");
+  const auto newer = read("DEF Look Group { Sphere { } }");
+  const Ref<SampleKit> kit(new SampleKit);
+  EXPECT_TRUE(kit->setPartAsDefault("frame", "Look"));
+  NkNodeList nodes;
+  ASSERT_EQ(NkNode::getByName("Look", nodes), 2);
+  EXPECT_EQ(kit->frame.getValue(), nodes[0]);
+  // A name that is given back counts as given last.
+  nodes[0]->setName("Spare");
+  nodes[0]->setName("Look");
+  nodes.truncate(0);
+  NkNode::getByName("Look", nodes);
+  EXPECT_EQ(kit->frame.getValue(), nodes[0]);
+}
+
 TEST_F(Kits, NoSuchDefaultPartIsNoError) {
   const Ref<SampleKit> kit(new SampleKit);
   const Ref<NkGroup> skin(new NkGroup);

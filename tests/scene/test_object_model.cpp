@@ -1,8 +1,10 @@
 #include "SceneTest.h"
 #include "arbora/scene/NkCube.h"
 #include "arbora/scene/NkGroup.h"
+#include "arbora/scene/NkOutput.h"
 #include "arbora/scene/NkSwitch.h"
 #include "arbora/scene/NkTranslation.h"
+#include "arbora/scene/NkWriteAction.h"
 
 using arbora::Ref;
 
@@ -76,15 +78,15 @@ TEST_F(ObjectModel, AVeryLongChainIsReleasedWithoutDeepRecursion) {
   head = Ref<NkGroup>();
 }
 
-TEST_F(ObjectModel, NamesFindNodesInTheOrderInWhichTheyWereNamed) {
+TEST_F(ObjectModel, NamesFindNodesTheLastNamedAhead) {
   const Ref<NkGroup> first(new NkGroup);
   const Ref<NkCube> second(new NkCube);
   first->setName("part");
   second->setName("part");
   NkNodeList nodes;
   EXPECT_EQ(NkNode::getByName("part", nodes), 2);
-  EXPECT_EQ(nodes[0], first.get());
-  EXPECT_EQ(nodes[1], second.get());
+  EXPECT_EQ(nodes[0], second.get());
+  EXPECT_EQ(nodes[1], first.get());
   EXPECT_EQ(NkNode::getByName("part"), second.get());
   second->setName("");
   NkNodeList rest;
@@ -218,4 +220,21 @@ TEST(ObjectModelLifecycle, ExitClassTwiceIsPosted) {
   NkCube::exitClass();
   NkCube::initClass();
   NkDB::finish();
+}
+
+TEST_F(ObjectModel, ANodeThatOutlivesTheLibraryCanBeWrittenWhenItIsBack) {
+  const Ref<NkGroup> group(new NkGroup);
+  group->addChild(new NkCube);
+  NkInteraction::finish();
+  NkNodeKit::finish();
+  NkDB::finish();
+  NkDB::init();
+  NkNodeKit::init();
+  NkInteraction::init();
+  NkWriteAction action;
+  action.apply(group.get());
+  const Ref<NkSeparator> again = read(action.getOutput()->getString());
+  ASSERT_TRUE(again);
+  ASSERT_EQ(again->getNumChildren(), 1);
+  EXPECT_TRUE(again->getChild(0)->isOfType(NkGroup::getClassTypeId()));
 }

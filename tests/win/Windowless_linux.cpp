@@ -7,18 +7,6 @@
 
 namespace {
 
-/// Puts the previous way of measuring back, whatever the test did.
-class HookScope {
-public:
-  explicit HookScope(arbora::TextExtentHook hook) : m_previous(arbora::setTextExtentHook(hook)) {}
-  HookScope(const HookScope&) = delete;
-  HookScope& operator=(const HookScope&) = delete;
-  ~HookScope() { arbora::setTextExtentHook(m_previous); }
-
-private:
-  arbora::TextExtentHook m_previous;
-};
-
 TEST(Windowless, MakesNoWindow) {
   EXPECT_EQ(CreateWindowExA(0, "STATIC", "title", WS_CHILD, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr), nullptr);
   EXPECT_EQ(CreateWindowExW(0, L"STATIC", L"title", WS_CHILD, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr),
@@ -43,29 +31,34 @@ TEST(Windowless, MessageLoopEndsAtOnce) {
   EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
 }
 
-TEST(Windowless, TextWithoutAFontHasFixedCells) {
-  const HookScope hook(nullptr);
+TEST(Windowless, TextIsMeasuredInTheFontOfControls) {
   const HDC context = GetDC(nullptr);
-  SIZE extent;
-  ASSERT_TRUE(GetTextExtentPoint32A(context, "label", 5, &extent));
-  EXPECT_EQ(extent.cx, 30);
-  EXPECT_EQ(extent.cy, 13);
-  EXPECT_FALSE(GetTextExtentPoint32A(nullptr, "label", 5, &extent));
-  EXPECT_EQ(extent.cx, 0);
+  SIZE narrow;
+  SIZE wide;
+  ASSERT_TRUE(GetTextExtentPoint32A(context, "ill", 3, &narrow));
+  ASSERT_TRUE(GetTextExtentPoint32A(context, "WWW", 3, &wide));
+  EXPECT_GT(narrow.cx, 0);
+  EXPECT_GT(wide.cx, 2 * narrow.cx);
+  EXPECT_EQ(wide.cy, narrow.cy);
+  SIZE nothing;
+  ASSERT_TRUE(GetTextExtentPoint32A(context, "", 0, &nothing));
+  EXPECT_EQ(nothing.cx, 0);
+  EXPECT_FALSE(GetTextExtentPoint32A(nullptr, "label", 5, &nothing));
+  EXPECT_EQ(nothing.cx, 0);
   EXPECT_TRUE(ReleaseDC(nullptr, context));
 }
 
-TEST(Windowless, HookMeasuresBothKindsOfText) {
-  const HookScope hook([](const wchar_t* text, int length) { return SIZE{text[0] == L'\xe9' ? 7 * length : 0, 20}; });
-  SIZE extent;
-  ASSERT_TRUE(GetTextExtentPoint32W(GetDC(nullptr), L"\xe9t\xe9", 3, &extent));
-  EXPECT_EQ(extent.cx, 21);
+TEST(Windowless, BothKindsOfTextMeasureTheSame) {
   // Narrow text is Latin-1: the byte 0xE9 is the same letter.
-  ASSERT_TRUE(GetTextExtentPoint32A(GetDC(nullptr), "\xe9t\xe9", 3, &extent));
-  EXPECT_EQ(extent.cx, 21);
+  const HDC context = GetDC(nullptr);
+  SIZE wide;
+  SIZE narrow;
+  ASSERT_TRUE(GetTextExtentPoint32W(context, L"\xe9t\xe9", 3, &wide));
+  ASSERT_TRUE(GetTextExtentPoint32A(context, "\xe9t\xe9", 3, &narrow));
+  EXPECT_EQ(narrow.cx, wide.cx);
   TEXTMETRICA metrics;
-  ASSERT_TRUE(GetTextMetricsA(GetDC(nullptr), &metrics));
-  EXPECT_EQ(metrics.tmHeight, 20);
+  ASSERT_TRUE(GetTextMetricsA(context, &metrics));
+  EXPECT_EQ(metrics.tmHeight, wide.cy);
   EXPECT_EQ(metrics.tmAscent + metrics.tmDescent, metrics.tmHeight);
 }
 

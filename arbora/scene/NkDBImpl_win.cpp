@@ -1,0 +1,3 @@
+#include "arbora/scene/NkDBImpl.h"
+
+bool NkDBImpl::m_isVerra = false;

@@ -23,8 +23,7 @@ NkNode* makeScene(int levels, int index, std::vector<NkTranslation*>& translatio
     separator->addChild(new NkCube);
     translations.push_back(translation);
   } else {
-    for (int i = 0; i < 10; ++i)
-      separator->addChild(makeScene(levels - 1, i, translations));
+    for (int i = 0; i < 10; ++i) separator->addChild(makeScene(levels - 1, i, translations));
   }
   return separator;
 }
@@ -34,8 +33,7 @@ void writeWithoutListener(benchmark::State& state) {
   {
     const Ref<NkCube> cube(new NkCube);
     float value = 0;
-    for (auto _ : state)
-      cube->width.setValue(value += 1);
+    for (auto _ : state) cube->width.setValue(value += 1);
   }
   NkDB::finish();
 }
@@ -50,8 +48,7 @@ void writeWithPriorityZeroSensor(benchmark::State& state) {
     sensor.setPriority(0);
     sensor.attach(&cube->width);
     float value = 0;
-    for (auto _ : state)
-      cube->width.setValue(value += 1);
+    for (auto _ : state) cube->width.setValue(value += 1);
     benchmark::DoNotOptimize(calls);
   }
   NkDB::finish();
@@ -102,8 +99,7 @@ void searchForAll(benchmark::State& state) {
     NkSearchAction action;
     action.setInterest(NkSearchAction::LAST);
     action.setType(NkNode::getClassTypeId());
-    for (auto _ : state)
-      action.apply(root.get());
+    for (auto _ : state) action.apply(root.get());
   }
   NkDB::finish();
 }
@@ -120,4 +116,4 @@ void constructNode(benchmark::State& state) {
 }
 BENCHMARK(constructNode);
 
-}  // namespace
+} // namespace

@@ -189,8 +189,8 @@ private:
   void compile(DrawSegment& segment, const Traverse& traverse);
   void compileAlone(DrawSegment& segment);
   void compileDirty();
-  /// The segment to compile for a visit; NULL if nothing is to be done. Apart from `visitSeparator`, which stands on the
-  /// call stack for each level of a scene.
+  /// The segment to compile for a visit; NULL if nothing is to be done. Apart from `visitSeparator`, which stands on
+  /// the call stack for each level of a scene.
   [[gnu::noinline]] DrawSegment* enterSeparator(NkSeparator* separator, const NkState& state);
   DrawSegment& nextChild(NkSeparator* separator);
   void cutChildren(DrawSegment& segment, std::size_t count);

@@ -22,13 +22,13 @@ namespace arbora {
 struct Image {
   int width = 0;
   int height = 0;
-  int components = 0;  // 1 grey, 2 grey and alpha, 3 RGB, 4 RGBA
+  int components = 0; // 1 grey, 2 grey and alpha, 3 RGB, 4 RGBA
   std::vector<unsigned char> pixels;
   friend bool operator==(const Image&, const Image&) = default;
 };
 
 // Each value type of the fields in both file forms. Reading gives false, with a message, for a value of another kind.
-#define ARBORA_FIELD_IO(Type)                              \
+#define ARBORA_FIELD_IO(Type)                               \
   ARBORA_API bool readFieldValue(NkInput* in, Type& value); \
   ARBORA_API void writeFieldValue(NkOutput* out, const Type& value)
 ARBORA_FIELD_IO(bool);
@@ -47,7 +47,7 @@ ARBORA_FIELD_IO(Image);
 #undef ARBORA_FIELD_IO
 
 // Lists: `[ a, b, c ]`, with or without commas, or one bare value.
-#define ARBORA_FIELD_LIST_IO(Type)                                        \
+#define ARBORA_FIELD_LIST_IO(Type)                                         \
   ARBORA_API bool readFieldValues(NkInput* in, std::vector<Type>& values); \
   ARBORA_API void writeFieldValues(NkOutput* out, const std::vector<Type>& values)
 ARBORA_FIELD_LIST_IO(int);
@@ -58,4 +58,4 @@ ARBORA_FIELD_LIST_IO(NbVec3f);
 ARBORA_FIELD_LIST_IO(NbColor);
 #undef ARBORA_FIELD_LIST_IO
 
-}  // namespace arbora
+} // namespace arbora

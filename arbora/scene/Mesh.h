@@ -23,7 +23,7 @@ class MeshHierarchy;
 /// Triangles that never change. Shapes of equal form share one mesh, so that they are drawn in one call: a mesh is
 /// had from the pool alone, which gives the one that stands if the contents are the same.
 class ARBORA_API Mesh : public NkRefCounter {
- public:
+public:
   /// The mesh with these contents; `indices` are triangles. A triangle with an index out of
   /// range or a position that isn't finite is dropped.
   static Ref<Mesh> intern(std::vector<Vertex> vertices, std::vector<std::uint32_t> indices);
@@ -46,10 +46,10 @@ class ARBORA_API Mesh : public NkRefCounter {
   /// Number of meshes in the pool, for leak checks.
   static int getPoolSize();
 
- protected:
+protected:
   void destroy() override;
 
- private:
+private:
   Mesh(std::vector<Vertex> vertices, std::vector<std::uint32_t> indices, std::uint64_t hash);
   ~Mesh() override;
   std::vector<Vertex> m_vertices;
@@ -57,7 +57,7 @@ class ARBORA_API Mesh : public NkRefCounter {
   NbBox3f m_box;
   std::uint64_t m_hash;
   std::uint64_t m_id;
-  mutable std::unique_ptr<MeshHierarchy> m_hierarchy;  // Of a large mesh; made by its first pick.
+  mutable std::unique_ptr<MeshHierarchy> m_hierarchy; // Of a large mesh; made by its first pick.
 };
 
 /// A mesh in a shape's local space: scaled, then moved.
@@ -70,4 +70,4 @@ struct ARBORA_API PlacedMesh {
   NbBox3f getBox() const;
 };
 
-}  // namespace arbora
+} // namespace arbora

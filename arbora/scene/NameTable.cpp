@@ -10,14 +10,11 @@ NameTable& NameTable::get() {
   return s_table;
 }
 
-void NameTable::add(const NbName& name, NkBase* object) {
-  m_objects[name].push_back(object);
-}
+void NameTable::add(const NbName& name, NkBase* object) { m_objects[name].push_back(object); }
 
 void NameTable::remove(const NbName& name, NkBase* object) {
   const auto entry = m_objects.find(name);
-  if (entry == m_objects.end())
-    return;
+  if (entry == m_objects.end()) return;
   std::deque<NkBase*>& objects = entry->second;
   // Objects mostly go in the order in which they came or against it, and many may bear one name.
   if (objects.front() == object)
@@ -26,8 +23,7 @@ void NameTable::remove(const NbName& name, NkBase* object) {
     objects.pop_back();
   else
     objects.erase(std::find(objects.begin(), objects.end(), object));
-  if (objects.empty())
-    m_objects.erase(entry);
+  if (objects.empty()) m_objects.erase(entry);
 }
 
 const std::deque<NkBase*>& NameTable::find(const NbName& name) const {
@@ -36,4 +32,4 @@ const std::deque<NkBase*>& NameTable::find(const NbName& name) const {
   return it == m_objects.end() ? s_none : it->second;
 }
 
-}  // namespace arbora
+} // namespace arbora

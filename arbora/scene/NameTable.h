@@ -11,14 +11,14 @@ namespace arbora {
 
 /// Who bears which name, in the order in which the names were given.
 class NameTable {
- public:
+public:
   static NameTable& get();
   void add(const NbName& name, NkBase* object);
   void remove(const NbName& name, NkBase* object);
   const std::deque<NkBase*>& find(const NbName& name) const;
 
- private:
+private:
   std::unordered_map<NbName, std::deque<NkBase*>> m_objects;
 };
 
-}  // namespace arbora
+} // namespace arbora

@@ -1,6 +1,7 @@
 #include "arbora/scene/NkAction.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "arbora/base/NkDebugError.h"
 #include "arbora/scene/NkChildList.h"
@@ -15,13 +16,9 @@ NkAction::NkAction(const NbViewportRegion& viewport) : m_viewport(viewport) {}
 
 NkAction::~NkAction() = default;
 
-NkType NkAction::getClassTypeId() {
-  return s_classTypeId;
-}
+NkType NkAction::getClassTypeId() { return s_classTypeId; }
 
-void NkAction::initClass() {
-  s_classTypeId = NkType::createType(NkType::badType(), "Action");
-}
+void NkAction::initClass() { s_classTypeId = NkType::createType(NkType::badType(), "Action"); }
 
 void NkAction::exitClass() {
   NkType::removeType("Action");
@@ -29,16 +26,14 @@ void NkAction::exitClass() {
 }
 
 bool NkAction::isBusy() const {
-  if (m_steps.empty())
-    return false;
+  if (m_steps.empty()) return false;
   NkDebugError::post("NkAction::apply", "An action of type %s can't be applied from inside its own traversal",
                      getTypeId().getName().getString());
   return true;
 }
 
 void NkAction::apply(NkNode* root) {
-  if (!root || isBusy())
-    return;
+  if (!root || isBusy()) return;
   m_paths.clear();
   m_nextIndices.clear();
   m_pathCode = NO_PATH;
@@ -46,8 +41,7 @@ void NkAction::apply(NkNode* root) {
 }
 
 void NkAction::apply(NkPath* path) {
-  if (!path || !path->getHead() || isBusy())
-    return;
+  if (!path || !path->getHead() || isBusy()) return;
   const arbora::Ref<NkPath> keep(path);
   m_paths.assign(1, path->full());
   m_pathCode = IN_PATH;
@@ -56,21 +50,18 @@ void NkAction::apply(NkPath* path) {
 }
 
 void NkAction::apply(const NkPathList& paths) {
-  if (isBusy())
-    return;
+  if (isBusy()) return;
   // The paths from one head are walked together, so that what they share is visited once.
   std::vector<arbora::Ref<NkPath>> waiting;
   for (int i = 0; i < paths.getLength(); ++i) {
-    if (paths[i] && paths[i]->getHead())
-      waiting.emplace_back(paths[i]);
+    if (paths[i] && paths[i]->getHead()) waiting.emplace_back(paths[i]);
   }
   while (!waiting.empty()) {
     NkNode* head = waiting.front()->getHead();
     std::vector<arbora::Ref<NkPath>> together;
     m_paths.clear();
     for (const arbora::Ref<NkPath>& path : waiting) {
-      if (path->getHead() != head)
-        continue;
+      if (path->getHead() != head) continue;
       together.push_back(path);
       m_paths.push_back(path->full());
     }
@@ -94,14 +85,11 @@ NkAction::PathCode NkAction::getPathCode(int& count, const int*& indices) const 
 
 NkFullPath* NkAction::makePath(const std::vector<Step>& steps) {
   NkFullPath* path = NkPath::create();
-  for (const Step& step : steps)
-    path->appendUnchecked(step.node, step.index);
+  for (const Step& step : steps) path->appendUnchecked(step.node, step.index);
   return path;
 }
 
-NkFullPath* NkAction::copyCurPath() const {
-  return makePath(m_steps);
-}
+NkFullPath* NkAction::copyCurPath() const { return makePath(m_steps); }
 
 void NkAction::setViewVolume(const NbViewVolume& volume) {
   m_viewVolumes.push_back(std::make_unique<NbViewVolume>(volume));
@@ -110,6 +98,8 @@ void NkAction::setViewVolume(const NbViewVolume& volume) {
 
 void NkAction::traverseRoot(NkNode* root) {
   const arbora::KeepAlive alive(root);
+  std::optional<arbora::DeathPause> pause;
+  if (holdsNodes()) pause.emplace();
   invalidateState();
   m_terminated = false;
   m_depthReported = false;
@@ -125,7 +115,7 @@ void NkAction::traverseRoot(NkNode* root) {
 
 void NkAction::enterPath(int index) {
   // The paths that go through the child `index`, and where they go on from it.
-  const std::size_t depth = m_steps.size();  // Of the node that is entered.
+  const std::size_t depth = m_steps.size(); // Of the node that is entered.
   if (index >= 0) {
     std::erase_if(m_paths, [&](const NkFullPath* path) {
       return path->getLength() <= static_cast<int>(depth) || path->getIndex(static_cast<int>(depth)) != index;
@@ -181,8 +171,7 @@ void NkAction::visitInPath(NkNode* node, int index) {
 
 void NkAction::forwardTraversal(NkNode* node) {
   const arbora::KeepAlive alive(node);
-  if (node)
-    dispatch(node);
+  if (node) dispatch(node);
 }
 
 bool NkAction::mayEnter(const NkNode* child) {
@@ -205,8 +194,7 @@ bool NkAction::mayEnter(const NkNode* child) {
 }
 
 void NkAction::traverseChild(NkNode* child, int index) {
-  if (!mayEnter(child))
-    return;
+  if (!mayEnter(child)) return;
   // The visit may take the child out of the scene.
   const arbora::KeepAlive alive(child);
   if (m_pathCode == IN_PATH)
@@ -216,8 +204,7 @@ void NkAction::traverseChild(NkNode* child, int index) {
 }
 
 void NkAction::traverseChildren(NkChildList& children, int first, int last) {
-  if (!visitsBelowPath() && (m_pathCode == BELOW_PATH || m_pathCode == NO_PATH))
-    return;
+  if (!visitsBelowPath() && (m_pathCode == BELOW_PATH || m_pathCode == NO_PATH)) return;
   if (m_pathCode != IN_PATH) {
     for (int i = std::max(first, 0); i <= last && i < children.getLength() && !m_terminated; ++i)
       traverseChild(children[i], i);

@@ -15,7 +15,7 @@ class NkPathList;
 /// A traversal of a scene. Applying an action visits the nodes in order and gives each the chance to act; what it
 /// carries from node to node is the state.
 class ARBORA_API NkAction : public NkTypedObject {
- public:
+public:
   ~NkAction() override;
   NkAction(const NkAction&) = delete;
   NkAction& operator=(const NkAction&) = delete;
@@ -68,20 +68,20 @@ class ARBORA_API NkAction : public NkTypedObject {
 
   /// Keeps the state over the traversal of what must not change it.
   class ARBORA_API StateScope {
-   public:
+  public:
     explicit StateScope(NkAction* action);
     ~StateScope();
     StateScope(const StateScope&) = delete;
     StateScope& operator=(const StateScope&) = delete;
 
-   private:
+  private:
     NkAction* m_action;
   };
 
   /// Gives the state a view volume, which the action keeps as long as the traversal lasts.
   void setViewVolume(const NbViewVolume& volume);
 
- protected:
+protected:
   NkAction();
   explicit NkAction(const NbViewportRegion& viewport);
 
@@ -92,6 +92,9 @@ class ARBORA_API NkAction : public NkTypedObject {
   virtual void endTraversal() {}
   /// Whether children are visited off or behind the paths, too.
   virtual bool visitsBelowPath() const { return true; }
+  /// Whether nodes that go in the middle of a traversal die at its end only. They do, so that what the state points to
+  /// stays, unless a traversal may last as long as the user wants it to.
+  virtual bool holdsNodes() const { return true; }
   /// True, with a message, inside a traversal of this action, in which it can't begin another one.
   bool isBusy() const;
 
@@ -104,7 +107,7 @@ class ARBORA_API NkAction : public NkTypedObject {
 
   NkState m_state;
 
- private:
+private:
   void traverseRoot(NkNode* root);
   void visit(NkNode* node, int index);
   void visitInPath(NkNode* node, int index);
@@ -118,15 +121,15 @@ class ARBORA_API NkAction : public NkTypedObject {
   static NkType s_classTypeId;
   NbViewportRegion m_viewport;
   std::vector<Step> m_steps;
-  std::vector<const NkFullPath*> m_paths;  // Those of the applied paths that go through the present node.
-  std::vector<int> m_nextIndices;          // Children that they go through next, in order.
+  std::vector<const NkFullPath*> m_paths; // Those of the applied paths that go through the present node.
+  std::vector<int> m_nextIndices;         // Children that they go through next, in order.
   struct Place {
     std::vector<const NkFullPath*> paths;
     std::vector<int> nextIndices;
   };
-  std::vector<Place> m_placeStack;  // The same for the nodes above.
+  std::vector<Place> m_placeStack; // The same for the nodes above.
   PathCode m_pathCode = NO_PATH;
-  std::vector<NkState> m_stateStack;       // On the heap, so that a deep scene takes little of the call stack.
+  std::vector<NkState> m_stateStack; // On the heap, so that a deep scene takes little of the call stack.
   std::vector<std::unique_ptr<NbViewVolume>> m_viewVolumes;
   bool m_terminated = false;
   bool m_depthReported = false;

@@ -7,15 +7,15 @@
 #include "arbora/scene/NkRayPickAction.h"
 #include "arbora/scene/NkSearchAction.h"
 
-#define NK_ACTION_SOURCE(Class, Name)                                                    \
-  NkType Class::s_classTypeId;                                                           \
-  NkType Class::getClassTypeId() { return s_classTypeId; }                               \
-  NkType Class::getTypeId() const { return s_classTypeId; }                              \
+#define NK_ACTION_SOURCE(Class, Name)                                                               \
+  NkType Class::s_classTypeId;                                                                      \
+  NkType Class::getClassTypeId() { return s_classTypeId; }                                          \
+  NkType Class::getTypeId() const { return s_classTypeId; }                                         \
   void Class::initClass() { s_classTypeId = NkType::createType(NkAction::getClassTypeId(), Name); } \
-  void Class::exitClass() {                                                              \
-    NkType::removeType(Name);                                                            \
-    s_classTypeId = NkType::badType();                                                   \
-  }                                                                                      \
+  void Class::exitClass() {                                                                         \
+    NkType::removeType(Name);                                                                       \
+    s_classTypeId = NkType::badType();                                                              \
+  }                                                                                                 \
   static_assert(true)
 
 NK_ACTION_SOURCE(NkGetBoundingBoxAction, "GetBoundingBoxAction");
@@ -25,33 +25,19 @@ NK_ACTION_SOURCE(NkCallbackAction, "CallbackAction");
 
 // What a node does unless its class knows better
 
-void NkNode::GLRender(NkGLRenderAction* action) {
-  doAction(action);
-}
+void NkNode::GLRender(NkGLRenderAction* action) { doAction(action); }
 
-void NkNode::getBoundingBox(NkGetBoundingBoxAction* action) {
-  doAction(action);
-}
+void NkNode::getBoundingBox(NkGetBoundingBoxAction* action) { doAction(action); }
 
-void NkNode::getMatrix(NkGetMatrixAction* action) {
-  doAction(action);
-}
+void NkNode::getMatrix(NkGetMatrixAction* action) { doAction(action); }
 
-void NkNode::handleEvent(NkHandleEventAction* action) {
-  doAction(action);
-}
+void NkNode::handleEvent(NkHandleEventAction* action) { doAction(action); }
 
-void NkNode::rayPick(NkRayPickAction* action) {
-  doAction(action);
-}
+void NkNode::rayPick(NkRayPickAction* action) { doAction(action); }
 
-void NkNode::callback(NkCallbackAction* action) {
-  doAction(action);
-}
+void NkNode::callback(NkCallbackAction* action) { doAction(action); }
 
-void NkNode::search(NkSearchAction* action) {
-  action->checkNode(this);
-}
+void NkNode::search(NkSearchAction* action) { action->checkNode(this); }
 
 // Bounding box
 
@@ -75,20 +61,18 @@ NbBox3f NkGetBoundingBoxAction::endLocalBox() {
   return box;
 }
 
-void NkGetBoundingBoxAction::dispatch(NkNode* node) {
-  node->getBoundingBox(this);
-}
+void NkGetBoundingBoxAction::dispatch(NkNode* node) { node->getBoundingBox(this); }
 
 void NkGetBoundingBoxAction::extendBy(const NbBox3f& localBox) {
   // Beside a path only the state counts.
-  if (localBox.isEmpty() || getPathCode() == IN_PATH || getPathCode() == OFF_PATH)
-    return;
+  if (localBox.isEmpty() || getPathCode() == IN_PATH || getPathCode() == OFF_PATH) return;
   NbBox3f box(localBox);
   box.transform(m_state.model);
   m_box.extendBy(box);
 }
 
 NbBox3f NkGetBoundingBoxAction::measure(NkNode* node, const NkState& state) {
+  const arbora::DeathPause pause;
   m_box.makeEmpty();
   m_state = state;
   m_state.model.makeIdentity();
@@ -104,9 +88,7 @@ NbBox3f NkGetBoundingBoxAction::measureWithin(const NkAction& traversal, NkNode*
 
 NkGetMatrixAction::NkGetMatrixAction(const NbViewportRegion& viewport) : NkAction(viewport) {}
 
-void NkGetMatrixAction::dispatch(NkNode* node) {
-  node->getMatrix(this);
-}
+void NkGetMatrixAction::dispatch(NkNode* node) { node->getMatrix(this); }
 
 // Search
 
@@ -119,13 +101,9 @@ void NkSearchAction::setType(NkType type, bool derivedToo) {
   m_derivedToo = derivedToo;
 }
 
-void NkSearchAction::setName(const NbName& name) {
-  m_name = name;
-}
+void NkSearchAction::setName(const NbName& name) { m_name = name; }
 
-void NkSearchAction::setNode(NkNode* node) {
-  m_node = arbora::Ref<NkNode>(node);
-}
+void NkSearchAction::setNode(NkNode* node) { m_node = arbora::Ref<NkNode>(node); }
 
 void NkSearchAction::reset() {
   m_interest = FIRST;
@@ -144,9 +122,7 @@ void NkSearchAction::beginTraversal() {
   m_lastMatch.clear();
 }
 
-void NkSearchAction::endTraversal() {
-  getPath();
-}
+void NkSearchAction::endTraversal() { getPath(); }
 
 NkPath* NkSearchAction::getPath() {
   if (!m_lastMatch.empty()) {
@@ -162,12 +138,9 @@ void NkSearchAction::setFound() {
 }
 
 void NkSearchAction::checkNode(NkNode* node) {
-  if (m_type.isBad() && !m_name && !m_node)
-    return;
-  if (!m_type.isBad() && node->getTypeId() != m_type && !(m_derivedToo && node->isOfType(m_type)))
-    return;
-  if ((!!m_name && node->getName() != m_name) || (m_node && m_node.get() != node))
-    return;
+  if (m_type.isBad() && !m_name && !m_node) return;
+  if (!m_type.isBad() && node->getTypeId() != m_type && !(m_derivedToo && node->isOfType(m_type))) return;
+  if ((!!m_name && node->getName() != m_name) || (m_node && m_node.get() != node)) return;
   switch (m_interest) {
     case FIRST:
       m_path = arbora::Ref<NkPath>(copyCurPath());
@@ -182,9 +155,7 @@ void NkSearchAction::checkNode(NkNode* node) {
   }
 }
 
-void NkSearchAction::dispatch(NkNode* node) {
-  node->search(this);
-}
+void NkSearchAction::dispatch(NkNode* node) { node->search(this); }
 
 // Callbacks
 
@@ -201,23 +172,19 @@ void NkCallbackAction::addPostCallback(NkType type, Callback* callback, void* da
 NkCallbackAction::Response NkCallbackAction::invoke(const std::vector<Entry>& entries, NkNode* node) {
   Response response = CONTINUE;
   for (const Entry& entry : std::vector<Entry>(entries)) {
-    if (!node->isOfType(entry.type))
-      continue;
+    if (!node->isOfType(entry.type)) continue;
     const Response answer = entry.callback(entry.data, this, node);
     if (answer == ABORT) {
       setTerminated(true);
       return ABORT;
     }
-    if (answer == PRUNE)
-      response = PRUNE;
+    if (answer == PRUNE) response = PRUNE;
   }
   return response;
 }
 
 void NkCallbackAction::dispatch(NkNode* node) {
   const Response response = invoke(m_pre, node);
-  if (response == CONTINUE)
-    node->callback(this);
-  if (!hasTerminated())
-    invoke(m_post, node);
+  if (response == CONTINUE) node->callback(this);
+  if (!hasTerminated()) invoke(m_post, node);
 }

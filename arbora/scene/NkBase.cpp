@@ -8,23 +8,17 @@ namespace {
 int s_liveCount = 0;
 }
 
-NkBase::NkBase() {
-  ++s_liveCount;
-}
+NkBase::NkBase() { ++s_liveCount; }
 
 NkBase::~NkBase() {
-  if (!!m_name)
-    arbora::NameTable::get().remove(m_name, this);
+  if (!!m_name) arbora::NameTable::get().remove(m_name, this);
   --s_liveCount;
 }
 
-NkType NkBase::getClassTypeId() {
-  return s_classTypeId;
-}
+NkType NkBase::getClassTypeId() { return s_classTypeId; }
 
 void NkBase::initClass() {
-  if (NkTypedObject::getClassTypeId().isBad())
-    NkTypedObject::initClass();
+  if (NkTypedObject::getClassTypeId().isBad()) NkTypedObject::initClass();
   s_classTypeId = NkType::createType(NkTypedObject::getClassTypeId(), "Base");
 }
 
@@ -33,19 +27,14 @@ void NkBase::exitClass() {
   s_classTypeId = NkType::badType();
 }
 
-NbName NkBase::getName() const {
-  return m_name;
-}
+NbName NkBase::getName() const { return m_name; }
 
 void NkBase::setName(const NbName& name) {
-  if (name == m_name)
-    return;
+  if (name == m_name) return;
   arbora::NameTable& names = arbora::NameTable::get();
-  if (!!m_name)
-    names.remove(m_name, this);
+  if (!!m_name) names.remove(m_name, this);
   m_name = name;
-  if (!!m_name)
-    names.add(m_name, this);
+  if (!!m_name) names.add(m_name, this);
 }
 
 void NkBase::destroy() {
@@ -55,6 +44,4 @@ void NkBase::destroy() {
 
 void NkBase::notifyDelete() {}
 
-int NkBase::getLiveCount() {
-  return s_liveCount;
-}
+int NkBase::getLiveCount() { return s_liveCount; }

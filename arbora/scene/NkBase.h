@@ -14,7 +14,7 @@ class ObjectReader;
 
 /// Named, readable, writable, reference-counted object with a run-time type.
 class ARBORA_API NkBase : public NkRefCounter, public NkTypedObject {
- public:
+public:
   static NkType getClassTypeId();
   static void initClass();
   static void exitClass();
@@ -47,7 +47,7 @@ class ARBORA_API NkBase : public NkRefCounter, public NkTypedObject {
   /// Count of live objects, for leak checks.
   static int getLiveCount();
 
- protected:
+protected:
   NkBase();
   ~NkBase() override;
 
@@ -63,7 +63,7 @@ class ARBORA_API NkBase : public NkRefCounter, public NkTypedObject {
   /// Reads the object's contents after its opening brace.
   virtual bool readInstance(NkInput* in, unsigned short flags) = 0;
 
- private:
+private:
   friend class NkOutput;
   friend class arbora::ObjectReader;
   static NkType s_classTypeId;

@@ -326,6 +326,7 @@ void NkBaseKit::insertInOrder(int part, NkNode* node, NkChildList& siblings) {
 }
 
 void NkBaseKit::placePart(int part, NkNode* node) {
+  const arbora::Ref<NkNode> keep(node);
   NkChildList* siblings = siblingsOf(part, node != nullptr);
   const arbora::Ref<NkNode> previous(placed(part).node);
   placed(part) = Placed{arbora::Ref<NkNode>(node), Placed::PUT};
@@ -374,6 +375,9 @@ void NkBaseKit::fieldHasChanged(NkField* field) {
   const int part = holder->isPartHolder() ? partOfHolder(field) : -1;
   if (part < 0 || placed(part).node.get() == holder->getValue()) return;
   const arbora::KeepAlive alive(this);
+  // Ahead of the part its parents are made, in whose callbacks the holder may be written again.
+  siblingsOf(part, holder->getValue() != nullptr);
+  if (placed(part).node.get() == holder->getValue()) return;
   if (checkPartType(part, holder->getValue(), "NkBaseKit::setPart"))
     placePart(part, holder->getValue());
   else

@@ -6,7 +6,7 @@
 
 /// Traverses a scene and calls functions of the application ahead of and behind nodes.
 class ARBORA_API NkCallbackAction : public NkAction {
- public:
+public:
   enum Response { CONTINUE, ABORT, PRUNE };
   using Callback = Response(void* data, NkCallbackAction* action, const NkNode* node);
 
@@ -20,10 +20,10 @@ class ARBORA_API NkCallbackAction : public NkAction {
   void addPreCallback(NkType type, Callback* callback, void* data = nullptr);
   void addPostCallback(NkType type, Callback* callback, void* data = nullptr);
 
- protected:
+protected:
   void dispatch(NkNode* node) override;
 
- private:
+private:
   struct Entry {
     NkType type;
     Callback* callback;

@@ -14,30 +14,23 @@ NkChildList::~NkChildList() {
 }
 
 void NkChildList::release(NkNode* child) {
-  if (!child)
-    return;
+  if (!child) return;
   child->removeParent(m_owner);
   child->unref();
 }
 
-NkNode* NkChildList::get(int index) const {
-  return index >= 0 && index < getLength() ? (*this)[index] : nullptr;
-}
+NkNode* NkChildList::get(int index) const { return index >= 0 && index < getLength() ? (*this)[index] : nullptr; }
 
 int NkChildList::find(const NkNode* child, int hint) const {
-  if (get(hint) == child && child)
-    return hint;
+  if (get(hint) == child && child) return hint;
   const auto it = std::find(m_children.begin(), m_children.end(), child);
   return it == m_children.end() ? -1 : static_cast<int>(it - m_children.begin());
 }
 
-void NkChildList::append(NkNode* child) {
-  insert(child, getLength());
-}
+void NkChildList::append(NkNode* child) { insert(child, getLength()); }
 
 void NkChildList::insert(NkNode* child, int index) {
-  if (!child)
-    return;
+  if (!child) return;
   child->ref();
   m_children.insert(m_children.begin() + std::clamp(index, 0, getLength()), child);
   child->addParent(m_owner);
@@ -46,8 +39,7 @@ void NkChildList::insert(NkNode* child, int index) {
 
 void NkChildList::remove(int index) {
   NkNode* child = get(index);
-  if (!child)
-    return;
+  if (!child) return;
   m_children.erase(m_children.begin() + index);
   child->removeParent(m_owner);
   m_owner->childrenChanged();
@@ -56,8 +48,7 @@ void NkChildList::remove(int index) {
 
 void NkChildList::set(int index, NkNode* child) {
   NkNode* previous = get(index);
-  if (!previous || !child)
-    return;
+  if (!previous || !child) return;
   child->ref();
   m_children[static_cast<std::size_t>(index)] = child;
   child->addParent(m_owner);
@@ -68,24 +59,19 @@ void NkChildList::set(int index, NkNode* child) {
 
 void NkChildList::truncate(int length) {
   const int first = std::clamp(length, 0, getLength());
-  if (first == getLength())
-    return;
+  if (first == getLength()) return;
   const std::vector<NkNode*> removed(m_children.begin() + first, m_children.end());
   m_children.resize(static_cast<std::size_t>(first));
-  for (NkNode* child : removed)
-    child->removeParent(m_owner);
+  for (NkNode* child : removed) child->removeParent(m_owner);
   m_owner->childrenChanged();
-  for (NkNode* child : removed)
-    child->unref();
+  for (NkNode* child : removed) child->unref();
 }
 
 void NkChildList::copy(const NkChildList& other) {
-  if (&other == this)
-    return;
+  if (&other == this) return;
   const arbora::KeepAlive alive(m_owner);
   const std::vector<NkNode*> children(other.m_children);
-  for (NkNode* child : children)
-    child->ref();
+  for (NkNode* child : children) child->ref();
   truncate(0);
   for (NkNode* child : children) {
     append(child);
@@ -96,8 +82,7 @@ void NkChildList::copy(const NkChildList& other) {
 bool NkChildList::affectsState() const {
   // A node may contain itself. At a depth that no traversal reaches, the answer that leads to a visit does no harm.
   static int s_depth = 0;
-  if (s_depth == NkAction::kMaxDepth)
-    return true;
+  if (s_depth == NkAction::kMaxDepth) return true;
   ++s_depth;
   const bool result =
       std::any_of(m_children.begin(), m_children.end(), [](const NkNode* child) { return child->affectsState(); });
@@ -105,10 +90,6 @@ bool NkChildList::affectsState() const {
   return result;
 }
 
-void NkChildList::traverse(NkAction* action, int first, int last) {
-  action->traverseChildren(*this, first, last);
-}
+void NkChildList::traverse(NkAction* action, int first, int last) { action->traverseChildren(*this, first, last); }
 
-void NkChildList::traverse(NkAction* action) {
-  action->traverseChildren(*this, 0, getLength() - 1);
-}
+void NkChildList::traverse(NkAction* action) { action->traverseChildren(*this, 0, getLength() - 1); }

@@ -9,7 +9,7 @@ class NkNode;
 
 /// The children of one node, each held by a reference. Every change notifies the owner.
 class ARBORA_API NkChildList {
- public:
+public:
   explicit NkChildList(NkNode* owner) : m_owner(owner) {}
   ~NkChildList();
   NkChildList(const NkChildList&) = delete;
@@ -38,7 +38,7 @@ class ARBORA_API NkChildList {
   void traverse(NkAction* action, int first, int last);
   void traverse(NkAction* action);
 
- private:
+private:
   void release(NkNode* child);
   NkNode* m_owner;
   std::vector<NkNode*> m_children;

@@ -8,7 +8,7 @@ class NkNode;
 
 /// Base of the sensors that watch scene data.
 class ARBORA_API NkDataSensor : public NkDelayQueueSensor {
- public:
+public:
   ~NkDataSensor() override;
 
   /// Called when the watched object is about to go; the sensor is detached afterwards. The callback may delete it.
@@ -19,12 +19,12 @@ class ARBORA_API NkDataSensor : public NkDelayQueueSensor {
   /// The node in which the change arose, inside the callback; NULL otherwise.
   NkNode* getTriggerNode() const { return m_triggerNode; }
 
- protected:
+protected:
   explicit NkDataSensor(NkSensorCB* callback = nullptr, void* data = nullptr) : NkDelayQueueSensor(callback, data) {}
   /// False if the callback deleted the sensor.
   bool callDeleteCallback();
 
- private:
+private:
   friend class NkField;
   friend class NkFieldContainer;
   friend class NkNode;
@@ -39,5 +39,5 @@ class ARBORA_API NkDataSensor : public NkDelayQueueSensor {
   void* m_deleteData = nullptr;
   NkField* m_triggerField = nullptr;
   NkNode* m_triggerNode = nullptr;
-  bool* m_deathFlag = nullptr;  // Set by the destructor while a callback runs.
+  bool* m_deathFlag = nullptr; // Set by the destructor while a callback runs.
 };

@@ -7,7 +7,7 @@
 /// Sensor that waits in the delay queue until the application's loop runs it. Lower priorities run first, equal ones
 /// in the order in which they were scheduled. Priority 0 never waits: it runs where it is scheduled.
 class ARBORA_API NkDelayQueueSensor : public NkSensor {
- public:
+public:
   explicit NkDelayQueueSensor(NkSensorCB* callback = nullptr, void* data = nullptr);
   ~NkDelayQueueSensor() override;
 
@@ -21,9 +21,9 @@ class ARBORA_API NkDelayQueueSensor : public NkSensor {
   bool isScheduled() const override { return m_scheduled; }
   void trigger() override;
 
- private:
+private:
   friend class NkSensorManager;
   unsigned m_priority = kDefaultPriority;
-  std::uint64_t m_sequence = 0;  // Place among the waiting sensors of one priority.
+  std::uint64_t m_sequence = 0; // Place among the waiting sensors of one priority.
   bool m_scheduled = false;
 };

@@ -93,7 +93,7 @@ const NbViewportRegion s_noViewport;
 
 } // namespace
 
-const NkPath* NkDragger::getPickPath() const {
+NkPath* NkDragger::getPickPath() const {
   if (!m_drag) return nullptr;
   if (!m_drag->shownPickPath) {
     NkNode* live = m_drag->surrogate ? m_drag->surrogate.get() : const_cast<NkDragger*>(this);

@@ -40,7 +40,7 @@ public:
   // What is going on. Outside a drag: NULL, the identity, zeros and a default view.
 
   /// The way from the head of the scene to what the press hit.
-  const NkPath* getPickPath() const;
+  NkPath* getPickPath() const;
   /// The event that is being handled; NULL between events.
   const NkEvent* getEvent() const;
   NkHandleEventAction* getHandleEventAction() const;

@@ -12,17 +12,12 @@
 NkType NkField::s_classTypeId;
 
 NkField::~NkField() {
-  if (m_links)
-    dropLinks();
+  if (m_links) dropLinks();
 }
 
-NkType NkField::getClassTypeId() {
-  return s_classTypeId;
-}
+NkType NkField::getClassTypeId() { return s_classTypeId; }
 
-void NkField::initClass() {
-  s_classTypeId = NkType::createType(NkType::badType(), "Field");
-}
+void NkField::initClass() { s_classTypeId = NkType::createType(NkType::badType(), "Field"); }
 
 void NkField::exitClass() {
   NkType::removeType("Field");
@@ -30,16 +25,14 @@ void NkField::exitClass() {
 }
 
 NkField::Links& NkField::links() {
-  if (!m_links)
-    m_links = std::make_unique<Links>();
+  if (!m_links) m_links = std::make_unique<Links>();
   return *m_links;
 }
 
 void NkField::dropLinks() {
   disconnect();
   for (NkField* target : std::exchange(m_links->targets, {})) {
-    if (target)
-      target->m_links->source = nullptr;
+    if (target) target->m_links->source = nullptr;
   }
   // Each takes itself out of the list, and its callback may take out others.
   const auto nextSensor = [this] {
@@ -47,19 +40,15 @@ void NkField::dropLinks() {
     const auto it = std::find_if(sensors.begin(), sensors.end(), [](const NkDataSensor* sensor) { return sensor; });
     return it == sensors.end() ? nullptr : *it;
   };
-  while (NkDataSensor* sensor = nextSensor())
-    sensor->watchedObjectDies();
+  while (NkDataSensor* sensor = nextSensor()) sensor->watchedObjectDies();
 }
 
-void NkField::addSensor(NkDataSensor* sensor) {
-  links().sensors.push_back(sensor);
-}
+void NkField::addSensor(NkDataSensor* sensor) { links().sensors.push_back(sensor); }
 
 void NkField::removeSensor(NkDataSensor* sensor) {
   std::vector<NkDataSensor*>& sensors = m_links->sensors;
   const auto it = std::find(sensors.begin(), sensors.end(), sensor);
-  if (it == sensors.end())
-    return;
+  if (it == sensors.end()) return;
   if (m_links->depth > 0)
     *it = nullptr;
   else
@@ -67,8 +56,7 @@ void NkField::removeSensor(NkDataSensor* sensor) {
 }
 
 bool NkField::connectFrom(NkField* source) {
-  if (!source || source == this)
-    return false;
+  if (!source || source == this) return false;
   if (source->getTypeId() != getTypeId()) {
     NkDebugError::post("NkField::connectFrom", "A field of type %s can't follow one of type %s",
                        getTypeId().getName().getString(), source->getTypeId().getName().getString());
@@ -84,8 +72,7 @@ bool NkField::connectFrom(NkField* source) {
 }
 
 void NkField::disconnect() {
-  if (!isConnected())
-    return;
+  if (!isConnected()) return;
   Links& source = *m_links->source->m_links;
   const auto it = std::find(source.targets.begin(), source.targets.end(), this);
   if (source.depth > 0)
@@ -96,19 +83,15 @@ void NkField::disconnect() {
 }
 
 void NkField::disconnect(NkField* source) {
-  if (getConnectedField() == source)
-    disconnect();
+  if (getConnectedField() == source) disconnect();
 }
 
-void NkField::touch() {
-  notify();
-}
+void NkField::touch() { notify(); }
 
 void NkField::notify() {
   NkFieldContainer* container = m_container;
   if (!container) {
-    if (m_links)
-      notifyLinks();
+    if (m_links) notifyLinks();
     return;
   }
   // From here on a callback may drop the container.
@@ -121,8 +104,7 @@ void NkField::notify() {
   NkNotification notification;
   notification.field = this;
   container->notifyAbove(notification);
-  if (m_links)
-    notifyLinks();
+  if (m_links) notifyLinks();
   notification.setOffSensors();
 }
 
@@ -137,11 +119,9 @@ void NkField::notifyLinks() {
     notification.origin = static_cast<NkNode*>(m_container);
   const std::size_t count = state.sensors.size();
   for (std::size_t i = 0; i < count; ++i) {
-    if (NkDataSensor* sensor = state.sensors[i])
-      sensor->notify(notification);
+    if (NkDataSensor* sensor = state.sensors[i]) sensor->notify(notification);
   }
-  if (!state.notifying && !state.targets.empty())
-    writeTargets(state);
+  if (!state.notifying && !state.targets.empty()) writeTargets(state);
   if (--state.depth == 0) {
     std::erase(state.sensors, nullptr);
     std::erase(state.targets, nullptr);
@@ -153,8 +133,8 @@ void NkField::writeTargets(Links& state) {
   constexpr int kMaxChain = 400;
   static int s_chain = 0;
   if (s_chain == kMaxChain) {
-    NkDebugError::post("NkField::connectFrom", "A chain of connections is longer than %d; what is behind doesn't follow",
-                       kMaxChain);
+    NkDebugError::post("NkField::connectFrom",
+                       "A chain of connections is longer than %d; what is behind doesn't follow", kMaxChain);
     return;
   }
   ++s_chain;
@@ -162,8 +142,7 @@ void NkField::writeTargets(Links& state) {
   const std::size_t count = state.targets.size();
   for (std::size_t i = 0; i < count; ++i) {
     NkField* target = state.targets[i];
-    if (target && !target->m_links->notifying)
-      target->copyFrom(*this);
+    if (target && !target->m_links->notifying) target->copyFrom(*this);
   }
   state.notifying = false;
   --s_chain;

@@ -16,7 +16,7 @@ class NkOutput;
 /// A value that belongs to a field container. Every write clears the default flag and notifies: first the
 /// container, then the field's sensors and the fields connected from it, then everything above the container.
 class ARBORA_API NkField {
- public:
+public:
   virtual ~NkField();
   NkField(const NkField&) = delete;
   NkField& operator=(const NkField&) = delete;
@@ -67,16 +67,15 @@ class ARBORA_API NkField {
   static void initClass();
   static void exitClass();
 
- protected:
+protected:
   NkField() = default;
   /// Every setter ends here.
   void valueChanged() {
     m_isDefault = false;
-    if (m_container || m_links)
-      notify();
+    if (m_container || m_links) notify();
   }
 
- private:
+private:
   friend class NkFieldContainer;
   friend class NkFieldSensor;
 

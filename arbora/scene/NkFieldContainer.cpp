@@ -10,13 +10,9 @@ NkType NkFieldContainer::s_classTypeId;
 
 NkFieldContainer::~NkFieldContainer() = default;
 
-NkType NkFieldContainer::getClassTypeId() {
-  return s_classTypeId;
-}
+NkType NkFieldContainer::getClassTypeId() { return s_classTypeId; }
 
-void NkFieldContainer::initClass() {
-  s_classTypeId = NkType::createType(NkBase::getClassTypeId(), "FieldContainer");
-}
+void NkFieldContainer::initClass() { s_classTypeId = NkType::createType(NkBase::getClassTypeId(), "FieldContainer"); }
 
 void NkFieldContainer::exitClass() {
   NkType::removeType("FieldContainer");
@@ -34,8 +30,7 @@ void NkFieldContainer::notifyDelete() {
   if (const NkFieldData* data = getFieldData()) {
     for (int i = 0; i < data->getNumFields(); ++i) {
       NkField* field = data->getField(this, i);
-      if (field->m_links)
-        field->dropLinks();
+      if (field->m_links) field->dropLinks();
     }
   }
   NkBase::notifyDelete();
@@ -45,9 +40,7 @@ void NkFieldContainer::notifyAbove(NkNotification&) {}
 
 void NkFieldContainer::fieldHasChanged(NkField*) {}
 
-bool NkFieldContainer::validateNewFieldValue(NkField*, void*) {
-  return true;
-}
+bool NkFieldContainer::validateNewFieldValue(NkField*, void*) { return true; }
 
 NkField* NkFieldContainer::getField(const NbName& name) const {
   const NkFieldData* data = getFieldData();
@@ -57,16 +50,14 @@ NkField* NkFieldContainer::getField(const NbName& name) const {
 
 NkField* NkFieldContainer::getEventIn(const NbName& name) const {
   constexpr std::string_view kPrefix = "set_";
-  if (NkField* field = getField(name))
-    return field;
+  if (NkField* field = getField(name)) return field;
   const std::string_view text = name.getView();
   return text.starts_with(kPrefix) ? getField(NbName(text.substr(kPrefix.size()))) : nullptr;
 }
 
 NkField* NkFieldContainer::getEventOut(const NbName& name) const {
   constexpr std::string_view kSuffix = "_changed";
-  if (NkField* field = getField(name))
-    return field;
+  if (NkField* field = getField(name)) return field;
   const std::string_view text = name.getView();
   return text.ends_with(kSuffix) ? getField(NbName(text.substr(0, text.size() - kSuffix.size()))) : nullptr;
 }
@@ -77,15 +68,14 @@ bool isPartHolder(const NkField* field) {
   return field->getTypeId() == NkSFNode::getClassTypeId() && static_cast<const NkSFNode*>(field)->isPartHolder();
 }
 
-}  // namespace
+} // namespace
 
 int NkFieldContainer::getFields(NkFieldList& fields) const {
   NkFieldList all;
   getAllFields(all);
   int count = 0;
   for (NkField* field : all) {
-    if (isPartHolder(field))
-      continue;
+    if (isPartHolder(field)) continue;
     fields.push_back(field);
     ++count;
   }
@@ -95,37 +85,32 @@ int NkFieldContainer::getFields(NkFieldList& fields) const {
 int NkFieldContainer::getAllFields(NkFieldList& fields) const {
   const NkFieldData* data = getFieldData();
   const int count = data ? data->getNumFields() : 0;
-  for (int i = 0; i < count; ++i)
-    fields.push_back(data->getField(this, i));
+  for (int i = 0; i < count; ++i) fields.push_back(data->getField(this, i));
   return count;
 }
 
 bool NkFieldContainer::getFieldName(const NkField* field, NbName& name) const {
   const NkFieldData* data = getFieldData();
   const int index = data ? data->findField(this, field) : -1;
-  if (index < 0)
-    return false;
+  if (index < 0) return false;
   name = data->getFieldName(index);
   return true;
 }
 
 bool NkFieldContainer::fieldsAreEqual(const NkFieldContainer* other) const {
-  if (!other || other->getTypeId() != getTypeId())
-    return false;
+  if (!other || other->getTypeId() != getTypeId()) return false;
   NkFieldList mine;
   NkFieldList theirs;
   getAllFields(mine);
   other->getAllFields(theirs);
   for (std::size_t i = 0; i < mine.size(); ++i) {
-    if (!mine[i]->isSame(*theirs[i]))
-      return false;
+    if (!mine[i]->isSame(*theirs[i])) return false;
   }
   return true;
 }
 
 void NkFieldContainer::copyFieldValues(const NkFieldContainer* other) {
-  if (!other || other->getTypeId() != getTypeId())
-    return;
+  if (!other || other->getTypeId() != getTypeId()) return;
   const arbora::KeepAlive alive(this);
   const arbora::KeepAlive otherAlive(other);
   NkFieldList mine;
@@ -133,8 +118,7 @@ void NkFieldContainer::copyFieldValues(const NkFieldContainer* other) {
   getAllFields(mine);
   other->getAllFields(theirs);
   for (std::size_t i = 0; i < mine.size(); ++i) {
-    if (theirs[i]->isDefault() && mine[i]->isSame(*theirs[i]))
-      continue;
+    if (theirs[i]->isDefault() && mine[i]->isSame(*theirs[i])) continue;
     mine[i]->copyFrom(*theirs[i]);
     mine[i]->setDefault(theirs[i]->isDefault());
   }
@@ -144,8 +128,7 @@ bool NkFieldContainer::hasDefaultValues() const {
   NkFieldList fields;
   getAllFields(fields);
   for (const NkField* field : fields) {
-    if (!field->isDefault())
-      return false;
+    if (!field->isDefault()) return false;
   }
   return true;
 }

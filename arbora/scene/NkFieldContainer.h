@@ -14,7 +14,7 @@ using NkFieldList = std::vector<NkField*>;
 
 /// Object with fields. Notification of a field's write goes through its container.
 class ARBORA_API NkFieldContainer : public NkBase {
- public:
+public:
   static NkType getClassTypeId();
   static void initClass();
   static void exitClass();
@@ -60,13 +60,13 @@ class ARBORA_API NkFieldContainer : public NkBase {
   /// Reads the fields; a name that is no field of the class is left for the caller.
   bool readInstance(NkInput* in, unsigned short flags) override;
 
- protected:
+protected:
   NkFieldContainer() = default;
   ~NkFieldContainer() override;
 
   void notifyDelete() override;
 
- private:
+private:
   friend class NkField;
   /// A field of this object was written: tells what stands above. Nodes carry it up to their parents.
   virtual void notifyAbove(NkNotification& notification);
@@ -75,7 +75,7 @@ class ARBORA_API NkFieldContainer : public NkBase {
   void* m_userData = nullptr;
   bool m_notifyEnabled = true;
 
- protected:
+protected:
   /// Whether something above depends on this object, so that a change must go up.
   bool m_armed = true;
   /// Stamp of the last change.

@@ -21,11 +21,11 @@ struct EnumData {
   std::vector<int> values;
 };
 
-}  // namespace arbora
+} // namespace arbora
 
 /// The table of fields and enum types of one class; made once per class from the table of its parent.
 class ARBORA_API NkFieldData {
- public:
+public:
   struct Entry {
     NbName name;
     std::ptrdiff_t offset;
@@ -44,6 +44,8 @@ class ARBORA_API NkFieldData {
   int findField(const NkFieldContainer* container, const NkField* field) const;
 
   void addEnumValue(const char* typeName, const char* valueName, int value);
+  /// Adds an enum type whose values are kept elsewhere, too; the fields of that type may outlive this table.
+  void addEnum(const std::shared_ptr<arbora::EnumData>& data);
   /// The values of an enum type. False if the type has none.
   bool getEnumData(const char* typeName, int& count, const int*& values, const NbName*& names) const;
   /// The same as one object, which lives as long as this table; NULL if the type has no values.
@@ -54,7 +56,7 @@ class ARBORA_API NkFieldData {
   /// Writes all fields that don't have the default flag.
   void write(NkOutput* out, const NkFieldContainer* container) const;
 
- private:
+private:
   std::vector<Entry> m_fields;
   std::vector<std::shared_ptr<arbora::EnumData>> m_enums;
 };

@@ -4,7 +4,7 @@
 
 /// Watches one field. A write while the sensor is detached is missed for good.
 class ARBORA_API NkFieldSensor : public NkDataSensor {
- public:
+public:
   explicit NkFieldSensor(NkSensorCB* callback = nullptr, void* data = nullptr) : NkDataSensor(callback, data) {}
   ~NkFieldSensor() override;
 
@@ -13,7 +13,7 @@ class ARBORA_API NkFieldSensor : public NkDataSensor {
   void detach();
   NkField* getAttachedField() const { return m_field; }
 
- private:
+private:
   friend class NkField;
   void watchedObjectDies() override;
   NkField* m_field = nullptr;

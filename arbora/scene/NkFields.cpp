@@ -4,13 +4,13 @@
 #include "arbora/scene/NkNode.h"
 #include "arbora/scene/NkSField.h"
 
-#define NK_FIELD_SOURCE(Class, Parent, Name)                                           \
-  NkType Class::classTypeId;                                                           \
+#define NK_FIELD_SOURCE(Class, Parent, Name)                                                    \
+  NkType Class::classTypeId;                                                                    \
   void Class::initClass() { classTypeId = NkType::createType(Parent::getClassTypeId(), Name); } \
-  void Class::exitClass() {                                                            \
-    NkType::removeType(Name);                                                          \
-    classTypeId = NkType::badType();                                                   \
-  }                                                                                    \
+  void Class::exitClass() {                                                                     \
+    NkType::removeType(Name);                                                                   \
+    classTypeId = NkType::badType();                                                            \
+  }                                                                                             \
   static_assert(true)
 
 NK_FIELD_SOURCE(NkSFBool, NkField, "SFBool");
@@ -40,13 +40,9 @@ NK_FIELD_SOURCE(NkMFNode, NkMField, "MFNode");
 
 NkType NkMField::s_classTypeId;
 
-NkType NkMField::getClassTypeId() {
-  return s_classTypeId;
-}
+NkType NkMField::getClassTypeId() { return s_classTypeId; }
 
-void NkMField::initClass() {
-  s_classTypeId = NkType::createType(NkField::getClassTypeId(), "MField");
-}
+void NkMField::initClass() { s_classTypeId = NkType::createType(NkField::getClassTypeId(), "MField"); }
 
 void NkMField::exitClass() {
   NkType::removeType("MField");
@@ -57,8 +53,7 @@ bool NkMField::checkIndex(const char* operation, int index, std::size_t valueSiz
   // Far above what a scene holds, and low enough that a stray index can't fill the memory.
   constexpr std::size_t kMostBytes = std::size_t{1} << 30U;
   const int limit = static_cast<int>(kMostBytes / std::max(valueSize, std::size_t{8}));
-  if (index >= 0 && index < limit)
-    return true;
+  if (index >= 0 && index < limit) return true;
   NkDebugError::post(operation, "Index %d is out of range %d - %d", index, 0, limit - 1);
   return false;
 }
@@ -71,13 +66,11 @@ NkNode* containerNode(const NkField& field) {
   return container && container->isOfType(NkNode::getClassTypeId()) ? static_cast<NkNode*>(container) : nullptr;
 }
 
-}  // namespace
+} // namespace
 
 NkSFNode::~NkSFNode() {
-  if (!m_value)
-    return;
-  if (m_linked)
-    m_value->removeParent(m_linked);
+  if (!m_value) return;
+  if (m_linked) m_value->removeParent(m_linked);
   m_value->unref();
 }
 
@@ -86,16 +79,12 @@ void NkSFNode::setValue(NkNode* node) {
   NkNode* previousLink = m_linked;
   m_linked = node && !m_partHolder ? containerNode(*this) : nullptr;
   m_value = node;
-  if (node)
-    node->ref();
-  if (m_linked)
-    node->addParent(m_linked);
-  if (previous && previousLink)
-    previous->removeParent(previousLink);
+  if (node) node->ref();
+  if (m_linked) node->addParent(m_linked);
+  if (previous && previousLink) previous->removeParent(previousLink);
   valueChanged();
   // Last: the old value may be what kept this field's container alive.
-  if (previous)
-    previous->unref();
+  if (previous) previous->unref();
 }
 
 bool NkSFNode::isSame(const NkField& other) const {
@@ -103,16 +92,13 @@ bool NkSFNode::isSame(const NkField& other) const {
 }
 
 void NkSFNode::copyFrom(const NkField& other) {
-  if (getTypeId() == other.getTypeId())
-    setValue(static_cast<const NkSFNode&>(other).m_value);
+  if (getTypeId() == other.getTypeId()) setValue(static_cast<const NkSFNode&>(other).m_value);
 }
 
 NkMFNode::~NkMFNode() {
   for (NkNode* node : m_values) {
-    if (node && m_linked)
-      node->removeParent(m_linked);
-    if (node)
-      node->unref();
+    if (node && m_linked) node->removeParent(m_linked);
+    if (node) node->unref();
   }
 }
 
@@ -120,42 +106,33 @@ void NkMFNode::setAll(std::vector<NkNode*> values) {
   NkNode* const previousLink = m_linked;
   m_linked = containerNode(*this);
   for (NkNode* node : values) {
-    if (node)
-      node->ref();
-    if (node && m_linked)
-      node->addParent(m_linked);
+    if (node) node->ref();
+    if (node && m_linked) node->addParent(m_linked);
   }
   values.swap(m_values);
   for (NkNode* node : values) {
-    if (node && previousLink)
-      node->removeParent(previousLink);
+    if (node && previousLink) node->removeParent(previousLink);
   }
   valueChanged();
   // Last: the old values may be what kept this field's container alive.
   for (NkNode* node : values) {
-    if (node)
-      node->unref();
+    if (node) node->unref();
   }
 }
 
 void NkMFNode::setNum(int count) {
-  if (!checkIndex("NkMFNode::setNum", std::max(count, 0), sizeof(NkNode*)))
-    return;
+  if (!checkIndex("NkMFNode::setNum", std::max(count, 0), sizeof(NkNode*))) return;
   std::vector<NkNode*> values(m_values);
   values.resize(static_cast<std::size_t>(std::max(count, 0)));
   setAll(std::move(values));
 }
 
-void NkMFNode::setValue(NkNode* node) {
-  setAll({node});
-}
+void NkMFNode::setValue(NkNode* node) { setAll({node}); }
 
 void NkMFNode::set1Value(int index, NkNode* node) {
-  if (!checkIndex("NkMFNode::set1Value", index, sizeof(NkNode*)))
-    return;
+  if (!checkIndex("NkMFNode::set1Value", index, sizeof(NkNode*))) return;
   std::vector<NkNode*> values(m_values);
-  if (static_cast<std::size_t>(index) >= values.size())
-    values.resize(static_cast<std::size_t>(index) + 1);
+  if (static_cast<std::size_t>(index) >= values.size()) values.resize(static_cast<std::size_t>(index) + 1);
   values[static_cast<std::size_t>(index)] = node;
   setAll(std::move(values));
 }
@@ -187,6 +164,5 @@ bool NkMFNode::isSame(const NkField& other) const {
 }
 
 void NkMFNode::copyFrom(const NkField& other) {
-  if (getTypeId() == other.getTypeId())
-    setAll(static_cast<const NkMFNode&>(other).m_values);
+  if (getTypeId() == other.getTypeId()) setAll(static_cast<const NkMFNode&>(other).m_values);
 }

@@ -67,6 +67,8 @@ void NkGLRenderAction::drawList(arbora::DrawList& list) {
 
 void NkGLRenderAction::apply(NkNode* root) {
   if (!root || isBusy()) return;
+  // Until the frame is drawn: the list points to cameras and images.
+  const arbora::DeathPause pause;
   const arbora::KeepAlive alive(root);
   m_statistics = Statistics();
   arbora::DrawList& list = findList(root);
@@ -79,6 +81,7 @@ void NkGLRenderAction::apply(NkNode* root) {
 template <class Target>
 void NkGLRenderAction::drawUnkept(const Target& target) {
   if (isBusy()) return;
+  const arbora::DeathPause pause;
   m_statistics = Statistics();
   arbora::DrawList list(*this);
   m_target = &list;

@@ -6,7 +6,7 @@
 /// Measures what is visible of a subgraph. Applied to a node, the box is in the node's own space: its transforms
 /// count. Applied to a path, it is the box of the path's tail in the space of the head.
 class ARBORA_API NkGetBoundingBoxAction : public NkAction {
- public:
+public:
   explicit NkGetBoundingBoxAction(const NbViewportRegion& viewport = NbViewportRegion());
   static NkType getClassTypeId();
   NkType getTypeId() const override;
@@ -29,11 +29,11 @@ class ARBORA_API NkGetBoundingBoxAction : public NkAction {
   void beginLocalBox();
   NbBox3f endLocalBox();
 
- protected:
+protected:
   void beginTraversal() override;
   void dispatch(NkNode* node) override;
 
- private:
+private:
   static NkType s_classTypeId;
   NbBox3f m_box;
   std::vector<NbBox3f> m_outerBoxes;

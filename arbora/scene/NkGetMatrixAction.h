@@ -5,7 +5,7 @@
 /// Accumulates transforms. Applied to a path: from local space behind the path's tail, its own transform included,
 /// to the space of the head. Applied to a node: the node's own transform.
 class ARBORA_API NkGetMatrixAction : public NkAction {
- public:
+public:
   explicit NkGetMatrixAction(const NbViewportRegion& viewport = NbViewportRegion());
   static NkType getClassTypeId();
   NkType getTypeId() const override;
@@ -15,10 +15,10 @@ class ARBORA_API NkGetMatrixAction : public NkAction {
   const NbMatrix& getMatrix() const { return m_state.model; }
   NbMatrix getInverse() const { return m_state.model.inverse(); }
 
- protected:
+protected:
   void dispatch(NkNode* node) override;
   bool visitsBelowPath() const override { return false; }
 
- private:
+private:
   static NkType s_classTypeId;
 };

@@ -7,7 +7,7 @@
 class ARBORA_API NkGroup : public NkNode {
   NK_NODE_HEADER(NkGroup);
 
- public:
+public:
   NkGroup();
   explicit NkGroup(int expectedChildren);
 
@@ -32,7 +32,7 @@ class ARBORA_API NkGroup : public NkNode {
   void search(NkSearchAction* action) override;
   void write(NkWriteAction* action) override;
 
- protected:
+protected:
   ~NkGroup() override;
 
   bool readInstance(NkInput* in, unsigned short flags) override;
@@ -51,7 +51,7 @@ class ARBORA_API NkGroup : public NkNode {
   virtual void internalReplaceChild(int index, NkNode* child);
   virtual void internalReplaceChild(NkNode* oldChild, NkNode* newChild);
 
- private:
+private:
   bool checkIndex(const char* operation, int index, int last) const;
   mutable NkChildList m_children;
 };

@@ -55,6 +55,8 @@ public:
 
 protected:
   void dispatch(NkNode* node) override;
+  /// Callbacks may run dialogs of their own.
+  bool holdsNodes() const override { return false; }
 
 private:
   struct Applying;

@@ -7,7 +7,7 @@
 
 /// What the fields with any number of values have in common. Every change notifies once.
 class ARBORA_API NkMField : public NkField {
- public:
+public:
   virtual int getNum() const = 0;
   /// Shortens, or lengthens with default values; a negative number counts as 0.
   virtual void setNum(int count) = 0;
@@ -20,23 +20,22 @@ class ARBORA_API NkMField : public NkField {
   static void initClass();
   static void exitClass();
 
- protected:
+protected:
   /// Posts a message for an index that no list of values of that size can have.
   static bool checkIndex(const char* operation, int index, std::size_t valueSize);
 
- private:
+private:
   static NkType s_classTypeId;
 };
 
 /// Fields with any number of values of one type.
 template <class T>
 class NkMFieldOf : public NkMField {
- public:
+public:
   using Value = T;
   int getNum() const override { return static_cast<int>(m_values.size()); }
   void setNum(int count) override {
-    if (!checkIndex("NkMField::setNum", std::max(count, 0), sizeof(T)))
-      return;
+    if (!checkIndex("NkMField::setNum", std::max(count, 0), sizeof(T))) return;
     m_values.resize(static_cast<std::size_t>(std::max(count, 0)));
     valueChanged();
   }
@@ -52,22 +51,18 @@ class NkMFieldOf : public NkMField {
   }
   /// Writes one value; past the end the field grows, with default values between.
   void set1Value(int index, const T& value) {
-    if (!checkIndex("NkMField::set1Value", index, sizeof(T)))
-      return;
+    if (!checkIndex("NkMField::set1Value", index, sizeof(T))) return;
     T copy(value);
-    if (static_cast<std::size_t>(index) >= m_values.size())
-      m_values.resize(static_cast<std::size_t>(index) + 1);
+    if (static_cast<std::size_t>(index) >= m_values.size()) m_values.resize(static_cast<std::size_t>(index) + 1);
     m_values[static_cast<std::size_t>(index)] = std::move(copy);
     valueChanged();
   }
   void setValues(int start, int count, const T* values) {
     const char* const operation = "NkMField::setValues";
-    if (count <= 0 || !checkIndex(operation, start, sizeof(T)) || !checkIndex(operation, count, sizeof(T)))
-      return;
+    if (count <= 0 || !checkIndex(operation, start, sizeof(T)) || !checkIndex(operation, count, sizeof(T))) return;
     const std::vector<T> copy(values, values + count);
     const std::size_t end = static_cast<std::size_t>(start) + copy.size();
-    if (end > m_values.size())
-      m_values.resize(end);
+    if (end > m_values.size()) m_values.resize(end);
     std::copy(copy.begin(), copy.end(), m_values.begin() + start);
     valueChanged();
   }
@@ -76,8 +71,7 @@ class NkMFieldOf : public NkMField {
     valueChanged();
   }
   void insertSpace(int start, int count) override {
-    if (start < 0 || start > getNum() || count <= 0 || !checkIndex("NkMField::insertSpace", count, sizeof(T)))
-      return;
+    if (start < 0 || start > getNum() || count <= 0 || !checkIndex("NkMField::insertSpace", count, sizeof(T))) return;
     m_values.insert(m_values.begin() + start, static_cast<std::size_t>(count), T());
     valueChanged();
   }
@@ -97,19 +91,17 @@ class NkMFieldOf : public NkMField {
     return getTypeId() == other.getTypeId() && m_values == static_cast<const NkMFieldOf&>(other).m_values;
   }
   void copyFrom(const NkField& other) override {
-    if (getTypeId() == other.getTypeId())
-      setValues(static_cast<const NkMFieldOf&>(other).m_values);
+    if (getTypeId() == other.getTypeId()) setValues(static_cast<const NkMFieldOf&>(other).m_values);
   }
   bool readValue(NkInput* in) override {
     std::vector<T> values;
-    if (!arbora::readFieldValues(in, values))
-      return false;
+    if (!arbora::readFieldValues(in, values)) return false;
     setValues(std::move(values));
     return true;
   }
   void writeValue(NkOutput* out) const override { arbora::writeFieldValues(out, m_values); }
 
- protected:
+protected:
   std::vector<T> m_values;
 };
 
@@ -156,7 +148,7 @@ class ARBORA_API NkMFColor : public NkMFieldOf<NbColor> {
 class ARBORA_API NkMFNode : public NkMField {
   NK_FIELD_HEADER(NkMFNode);
 
- public:
+public:
   NkMFNode() = default;
   ~NkMFNode() override;
   NkMFNode& operator=(const NkMFNode& other) {
@@ -177,7 +169,7 @@ class ARBORA_API NkMFNode : public NkMField {
   void writeValue(NkOutput* out) const override;
   void countWriteRefs(NkOutput* out) const override;
 
- private:
+private:
   void setAll(std::vector<NkNode*> values);
   std::vector<NkNode*> m_values;
   NkNode* m_linked = nullptr;

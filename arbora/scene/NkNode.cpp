@@ -25,16 +25,14 @@ void ParentList::add(NkNode* parent) {
 void ParentList::remove(NkNode* parent) {
   const auto it = m_many.find(parent);
   if (it != m_many.end()) {
-    if (--it->second == 0)
-      m_many.erase(it);
+    if (--it->second == 0) m_many.erase(it);
     return;
   }
   const auto few = std::find(m_few.rbegin(), m_few.rend(), parent);
-  if (few != m_few.rend())
-    m_few.erase(std::next(few).base());
+  if (few != m_few.rend()) m_few.erase(std::next(few).base());
 }
 
-}  // namespace arbora
+} // namespace arbora
 
 // Notifications on their way
 
@@ -43,24 +41,17 @@ namespace {
 NkNotification* s_innermost = nullptr;
 std::uint64_t s_stamp = 0;
 
-}  // namespace
+} // namespace
 
-NkNotification::NkNotification() : stamp(nextStamp()), m_outer(s_innermost) {
-  s_innermost = this;
-}
+NkNotification::NkNotification() : stamp(nextStamp()), m_outer(s_innermost) { s_innermost = this; }
 
-std::uint64_t NkNotification::nextStamp() {
-  return ++s_stamp;
-}
+std::uint64_t NkNotification::nextStamp() { return ++s_stamp; }
 
-NkNotification::~NkNotification() {
-  s_innermost = m_outer;
-}
+NkNotification::~NkNotification() { s_innermost = m_outer; }
 
 void NkNotification::setOffSensors() {
   for (std::size_t i = 0; i < m_sensors.size(); ++i) {
-    if (m_sensors[i])
-      m_sensors[i]->notify(*this);
+    if (m_sensors[i]) m_sensors[i]->notify(*this);
   }
 }
 
@@ -82,62 +73,45 @@ const NkFieldData* s_noFields = nullptr;
 template <class F>
 void forEachNodeIn(const NkField& field, F&& f) {
   if (field.getTypeId() == NkSFNode::getClassTypeId()) {
-    if (NkNode* node = static_cast<const NkSFNode&>(field).getValue())
-      f(node);
+    if (NkNode* node = static_cast<const NkSFNode&>(field).getValue()) f(node);
   } else if (field.getTypeId() == NkMFNode::getClassTypeId()) {
     const auto& nodes = static_cast<const NkMFNode&>(field);
     for (int i = 0; i < nodes.getNum(); ++i) {
-      if (nodes[i])
-        f(nodes[i]);
+      if (nodes[i]) f(nodes[i]);
     }
   }
 }
 
-}  // namespace
+} // namespace
 
 NkType NkNode::s_classTypeId;
 
 // An id of its own from the start: caches compare ids of nodes that may have taken the place of dead ones.
-NkNode::NkNode() {
-  m_changeId = NkNotification::nextStamp();
-}
+NkNode::NkNode() { m_changeId = NkNotification::nextStamp(); }
 
 NkNode::~NkNode() = default;
 
-NkType NkNode::getClassTypeId() {
-  return s_classTypeId;
-}
+NkType NkNode::getClassTypeId() { return s_classTypeId; }
 
-void NkNode::initClass() {
-  s_classTypeId = NkType::createType(NkFieldContainer::getClassTypeId(), "Node");
-}
+void NkNode::initClass() { s_classTypeId = NkType::createType(NkFieldContainer::getClassTypeId(), "Node"); }
 
 void NkNode::exitClass() {
   NkType::removeType("Node");
   s_classTypeId = NkType::badType();
 }
 
-const NkFieldData** NkNode::getFieldDataPtr() {
-  return &s_noFields;
-}
+const NkFieldData** NkNode::getFieldDataPtr() { return &s_noFields; }
 
-const NkFieldData* NkNode::getFieldData() const {
-  return s_noFields;
-}
+const NkFieldData* NkNode::getFieldData() const { return s_noFields; }
 
-int NkNode::getNextActionMethodIndex() {
-  return s_nextActionMethodIndex;
-}
+int NkNode::getNextActionMethodIndex() { return s_nextActionMethodIndex; }
 
-void NkNode::incNextActionMethodIndex() {
-  ++s_nextActionMethodIndex;
-}
+void NkNode::incNextActionMethodIndex() { ++s_nextActionMethodIndex; }
 
 NkNode* NkNode::getByName(const NbName& name) {
   const auto& objects = arbora::NameTable::get().find(name);
   for (auto it = objects.rbegin(); it != objects.rend(); ++it) {
-    if ((*it)->isOfType(s_classTypeId) && !(*it)->isDying())
-      return static_cast<NkNode*>(*it);
+    if ((*it)->isOfType(s_classTypeId) && !(*it)->isDying()) return static_cast<NkNode*>(*it);
   }
   return nullptr;
 }
@@ -158,27 +132,17 @@ int NkNode::getByName(const NbName& name, NkNodeList& nodes) {
 
 void NkNode::doAction(NkAction*) {}
 
-bool NkNode::affectsState() const {
-  return true;
-}
+bool NkNode::affectsState() const { return true; }
 
-NkChildList* NkNode::getChildren() const {
-  return nullptr;
-}
+NkChildList* NkNode::getChildren() const { return nullptr; }
 
 // Notification
 
-void NkNode::addParent(NkNode* parent) {
-  m_parents.add(parent);
-}
+void NkNode::addParent(NkNode* parent) { m_parents.add(parent); }
 
-void NkNode::removeParent(NkNode* parent) {
-  m_parents.remove(parent);
-}
+void NkNode::removeParent(NkNode* parent) { m_parents.remove(parent); }
 
-void NkNode::touch() {
-  childrenChanged();
-}
+void NkNode::touch() { childrenChanged(); }
 
 void NkNode::childrenChanged(NkNode* added) {
   const arbora::KeepAlive alive(this);
@@ -187,8 +151,7 @@ void NkNode::childrenChanged(NkNode* added) {
   const bool depends = notify(notification);
   m_changeId = notification.stamp;
   // Ahead of the callbacks, which may take the child out again.
-  if (depends && added)
-    added->armSubgraph();
+  if (depends && added) added->armSubgraph();
   notification.setOffSensors();
 }
 
@@ -196,21 +159,16 @@ void NkNode::notifyAbove(NkNotification& notification) {
   notification.origin = this;
   m_changeId = notification.stamp;
   // What depends on this node depends on the nodes that have come into its fields, too.
-  if (notify(notification))
-    forEachNodeIn(*notification.field, [](NkNode* node) { node->armSubgraph(); });
+  if (notify(notification)) forEachNodeIn(*notification.field, [](NkNode* node) { node->armSubgraph(); });
 }
 
-bool NkNode::dropCaches(NkNotification&) {
-  return false;
-}
+bool NkNode::dropCaches(NkNotification&) { return false; }
 
 bool NkNode::notify(NkNotification& notification) {
-  if (!m_armed)
-    return false;
+  if (!m_armed) return false;
   // A change that comes by several ways is passed on once, unless a later way has more to tell.
   const bool again = m_stamp == notification.stamp;
-  if (again && m_toldSilent <= notification.silent && m_toldDrawn <= notification.drawn)
-    return true;
+  if (again && m_toldSilent <= notification.silent && m_toldDrawn <= notification.drawn) return true;
   const bool collects = !again || m_toldSilent;
   m_toldSilent = notification.silent && (!again || m_toldSilent);
   m_toldDrawn = notification.drawn && (!again || m_toldDrawn);
@@ -223,8 +181,7 @@ bool NkNode::notify(NkNotification& notification) {
   if (m_sensors) {
     depends = true;
     if (collects && !notification.silent) {
-      for (NkDataSensor* sensor : *m_sensors)
-        notification.collect(sensor);
+      for (NkDataSensor* sensor : *m_sensors) notification.collect(sensor);
     }
   }
   // Deeper than any traversal goes nobody has cached anything.
@@ -247,45 +204,38 @@ bool NkNode::notify(NkNotification& notification) {
 }
 
 void NkNode::addSensor(NkDataSensor* sensor) {
-  if (!m_sensors)
-    m_sensors = std::make_unique<std::vector<NkDataSensor*>>();
+  if (!m_sensors) m_sensors = std::make_unique<std::vector<NkDataSensor*>>();
   m_sensors->push_back(sensor);
   armSubgraph();
 }
 
 void NkNode::removeSensor(NkDataSensor* sensor) {
   std::erase(*m_sensors, sensor);
-  if (m_sensors->empty())
-    m_sensors.reset();
+  if (m_sensors->empty()) m_sensors.reset();
 }
 
 void NkNode::notifyDelete() {
   NkFieldContainer::notifyDelete();
-  while (m_sensors)
-    m_sensors->back()->watchedObjectDies();
+  while (m_sensors) m_sensors->back()->watchedObjectDies();
 }
 
 void NkNode::armSubgraph() {
   const std::uint64_t stamp = ++s_stamp;
   std::vector<NkNode*> waiting{this};
   const auto visit = [&](NkNode* node) {
-    if (node && node->m_stamp != stamp)
-      waiting.push_back(node);
+    if (node && node->m_stamp != stamp) waiting.push_back(node);
   };
   while (!waiting.empty()) {
     NkNode* node = waiting.back();
     waiting.pop_back();
-    if (node->m_stamp == stamp)
-      continue;
+    if (node->m_stamp == stamp) continue;
     node->m_stamp = stamp;
     node->m_armed = true;
     if (const NkChildList* children = node->getChildren()) {
-      for (int i = 0; i < children->getLength(); ++i)
-        visit((*children)[i]);
+      for (int i = 0; i < children->getLength(); ++i) visit((*children)[i]);
     }
     const NkFieldData* data = node->getFieldData();
-    for (int i = 0; data && i < data->getNumFields(); ++i)
-      forEachNodeIn(*data->getField(node, i), visit);
+    for (int i = 0; data && i < data->getNumFields(); ++i) forEachNodeIn(*data->getField(node, i), visit);
   }
 }
 
@@ -300,7 +250,7 @@ struct Copies {
 };
 Copies* s_copies = nullptr;
 
-}  // namespace
+} // namespace
 
 NkNode* NkNode::copy() const {
   // A class may copy something else while it is copied.
@@ -311,16 +261,12 @@ NkNode* NkNode::copy() const {
   return result;
 }
 
-bool NkNode::isCopying() {
-  return s_copies != nullptr;
-}
+bool NkNode::isCopying() { return s_copies != nullptr; }
 
 NkNode* NkNode::copyOf(const NkNode* original) {
-  if (!original)
-    return nullptr;
+  if (!original) return nullptr;
   const auto it = s_copies->nodes.find(original);
-  if (it != s_copies->nodes.end())
-    return it->second;
+  if (it != s_copies->nodes.end()) return it->second;
   if (s_copies->depth > NkAction::kMaxDepth) {
     if (!s_copies->isCut)
       NkDebugError::post("NkNode::copy", "The scene is nested deeper than %d levels; what is below isn't copied",
@@ -329,8 +275,7 @@ NkNode* NkNode::copyOf(const NkNode* original) {
     return nullptr;
   }
   auto* copy = static_cast<NkNode*>(original->getTypeId().createInstance());
-  if (!copy)
-    return nullptr;
+  if (!copy) return nullptr;
   s_copies->nodes.emplace(original, copy);
   ++s_copies->depth;
   copy->copyFieldValues(original);
@@ -340,12 +285,10 @@ NkNode* NkNode::copyOf(const NkNode* original) {
     const bool isDefault = field->isDefault();
     if (field->getTypeId() == NkSFNode::getClassTypeId()) {
       auto* node = static_cast<NkSFNode*>(field);
-      if (node->getValue())
-        node->setValue(copyOf(node->getValue()));
+      if (node->getValue()) node->setValue(copyOf(node->getValue()));
     } else if (field->getTypeId() == NkMFNode::getClassTypeId()) {
       auto* nodes = static_cast<NkMFNode*>(field);
-      for (int j = 0; j < nodes->getNum(); ++j)
-        nodes->set1Value(j, copyOf((*nodes)[j]));
+      for (int j = 0; j < nodes->getNum(); ++j) nodes->set1Value(j, copyOf((*nodes)[j]));
     }
     field->setDefault(isDefault);
   }
@@ -369,18 +312,15 @@ int NkNodeList::find(const NkNode* node) const {
 }
 
 void NkNodeList::remove(int index) {
-  if (index >= 0 && index < getLength())
-    m_nodes.erase(m_nodes.begin() + index);
+  if (index >= 0 && index < getLength()) m_nodes.erase(m_nodes.begin() + index);
 }
 
 void NkNodeList::truncate(int length) {
-  if (length < getLength())
-    m_nodes.resize(static_cast<std::size_t>(std::max(length, 0)));
+  if (length < getLength()) m_nodes.resize(static_cast<std::size_t>(std::max(length, 0)));
 }
 
 void NkNodeList::set(int index, NkNode* node) {
-  if (index >= 0 && index < getLength())
-    m_nodes[static_cast<std::size_t>(index)] = arbora::Ref<NkNode>(node);
+  if (index >= 0 && index < getLength()) m_nodes[static_cast<std::size_t>(index)] = arbora::Ref<NkNode>(node);
 }
 
 NkNode* NkNodeList::operator[](int index) const {

@@ -25,25 +25,23 @@ namespace arbora {
 
 /// The containers that hold a node, each as often as it holds it. Taking one out costs the same however many there are.
 class ParentList {
- public:
+public:
   void add(NkNode* parent);
   void remove(NkNode* parent);
   bool isEmpty() const { return m_few.empty() && m_many.empty(); }
   template <class F>
   void forEach(F&& f) const {
-    for (NkNode* parent : m_few)
-      f(parent);
-    for (const auto& [parent, count] : m_many)
-      f(parent);
+    for (NkNode* parent : m_few) f(parent);
+    for (const auto& [parent, count] : m_many) f(parent);
   }
 
- private:
+private:
   static constexpr std::size_t kFew = 16;
   std::vector<NkNode*> m_few;
   std::unordered_map<NkNode*, int> m_many;
 };
 
-}  // namespace arbora
+} // namespace arbora
 
 /// Element of a scene. A node may stand in several places of a scene; it lives as long as it is referenced.
 ///
@@ -51,7 +49,7 @@ class ParentList {
 /// property overrides `doAction` to change the traversal state, a group to traverse its children, and a shape
 /// overrides the operations that concern shapes.
 class ARBORA_API NkNode : public NkFieldContainer {
- public:
+public:
   static NkType getClassTypeId();
   static void initClass();
   static void exitClass();
@@ -103,7 +101,7 @@ class ARBORA_API NkNode : public NkFieldContainer {
   static const NkFieldData** getFieldDataPtr();
   const NkFieldData* getFieldData() const override;
 
- protected:
+protected:
   NkNode();
   ~NkNode() override;
 
@@ -121,7 +119,7 @@ class ARBORA_API NkNode : public NkFieldContainer {
   /// True inside `copy`, while copies don't have all their contents yet.
   static bool isCopying();
 
- private:
+private:
   friend class NkNodeSensor;
   void notifyAbove(NkNotification& notification) override;
   /// A change in this node or below it. Gives true if the next one must be told too.
@@ -131,7 +129,7 @@ class ARBORA_API NkNode : public NkFieldContainer {
 
   static NkType s_classTypeId;
   arbora::ParentList m_parents;
-  std::unique_ptr<std::vector<NkDataSensor*>> m_sensors;  // Made on demand: most nodes are watched by nobody.
+  std::unique_ptr<std::vector<NkDataSensor*>> m_sensors; // Made on demand: most nodes are watched by nobody.
   std::uint64_t m_stamp = 0;
   // How the change of that stamp came by so far: silent each time, told to the draw lists each time.
   bool m_toldSilent = false;
@@ -140,7 +138,7 @@ class ARBORA_API NkNode : public NkFieldContainer {
 
 /// List of referenced nodes.
 class ARBORA_API NkNodeList {
- public:
+public:
   NkNodeList() = default;
   explicit NkNodeList(int capacity) { m_nodes.reserve(static_cast<std::size_t>(capacity > 0 ? capacity : 0)); }
 
@@ -156,6 +154,6 @@ class ARBORA_API NkNodeList {
   NkNode* operator[](int index) const;
   NkNode* get(int index) const { return (*this)[index]; }
 
- private:
+private:
   std::vector<arbora::Ref<NkNode>> m_nodes;
 };

@@ -4,7 +4,7 @@
 
 /// Watches a node and everything below it.
 class ARBORA_API NkNodeSensor : public NkDataSensor {
- public:
+public:
   explicit NkNodeSensor(NkSensorCB* callback = nullptr, void* data = nullptr) : NkDataSensor(callback, data) {}
   ~NkNodeSensor() override;
 
@@ -12,7 +12,7 @@ class ARBORA_API NkNodeSensor : public NkDataSensor {
   void detach();
   NkNode* getAttachedNode() const { return m_node; }
 
- private:
+private:
   friend class NkNode;
   void watchedObjectDies() override;
   NkNode* m_node = nullptr;

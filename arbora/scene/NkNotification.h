@@ -39,7 +39,7 @@ struct ARBORA_API NkNotification {
   /// Takes a sensor out of all notifications that are on their way.
   static void forget(NkDataSensor* sensor);
 
- private:
+private:
   std::vector<NkDataSensor*> m_sensors;
   NkNotification* m_outer;
 };

@@ -9,17 +9,12 @@ NkType NkPath::s_classTypeId;
 
 NkPath::~NkPath() = default;
 
-NkType NkPath::getClassTypeId() {
-  return s_classTypeId;
-}
+NkType NkPath::getClassTypeId() { return s_classTypeId; }
 
-NkType NkPath::getTypeId() const {
-  return s_classTypeId;
-}
+NkType NkPath::getTypeId() const { return s_classTypeId; }
 
 void NkPath::initClass() {
-  s_classTypeId =
-      NkType::createType(NkBase::getClassTypeId(), "Path", [] { return static_cast<NkBase*>(create()); });
+  s_classTypeId = NkType::createType(NkBase::getClassTypeId(), "Path", [] { return static_cast<NkBase*>(create()); });
 }
 
 void NkPath::exitClass() {
@@ -27,9 +22,7 @@ void NkPath::exitClass() {
   s_classTypeId = NkType::badType();
 }
 
-NkFullPath* NkPath::create() {
-  return new NkFullPath;
-}
+NkFullPath* NkPath::create() { return new NkFullPath; }
 
 NkFullPath* NkPath::create(NkNode* head) {
   NkFullPath* path = create();
@@ -40,8 +33,7 @@ NkFullPath* NkPath::create(NkNode* head) {
 void NkPath::setHead(NkNode* head) {
   m_nodes.clear();
   m_numPublic = -1;
-  if (head)
-    appendUnchecked(head, -1);
+  if (head) appendUnchecked(head, -1);
 }
 
 bool NkPath::append(int childIndex) {
@@ -68,15 +60,12 @@ bool NkPath::append(NkNode* child) {
   return true;
 }
 
-void NkPath::appendUnchecked(NkNode* node, int index) {
-  m_nodes.push_back({arbora::Ref<NkNode>(node), index});
-}
+void NkPath::appendUnchecked(NkNode* node, int index) { m_nodes.push_back({arbora::Ref<NkNode>(node), index}); }
 
 void NkPath::truncate(int length) {
   if (length < fullLength())
     m_nodes.resize(static_cast<std::size_t>(std::max(length, 0)), Step{arbora::Ref<NkNode>(), -1});
-  if (m_numPublic >= fullLength())
-    m_numPublic = -1;
+  if (m_numPublic >= fullLength()) m_numPublic = -1;
 }
 
 NkNode* NkPath::getNode(int index) const {
@@ -87,9 +76,7 @@ int NkPath::getIndex(int index) const {
   return index >= 0 && index < fullLength() ? m_nodes[static_cast<std::size_t>(index)].index : -1;
 }
 
-void NkPath::setNumPublic(int count) {
-  m_numPublic = count < 0 || count >= fullLength() ? -1 : count;
-}
+void NkPath::setNumPublic(int count) { m_numPublic = count < 0 || count >= fullLength() ? -1 : count; }
 
 int NkPath::findNode(const NkNode* node) const {
   const auto it =
@@ -97,19 +84,14 @@ int NkPath::findNode(const NkNode* node) const {
   return it == m_nodes.end() ? -1 : static_cast<int>(it - m_nodes.begin());
 }
 
-bool NkPath::containsNode(const NkNode* node) const {
-  return node && findNode(node) >= 0;
-}
+bool NkPath::containsNode(const NkNode* node) const { return node && findNode(node) >= 0; }
 
 bool NkPath::containsPath(const NkPath* path) const {
-  if (!path || path->m_nodes.empty())
-    return false;
+  if (!path || path->m_nodes.empty()) return false;
   const int start = findNode(path->getHead());
-  if (start < 0 || start + path->fullLength() > fullLength())
-    return false;
+  if (start < 0 || start + path->fullLength() > fullLength()) return false;
   for (int i = 1; i < path->fullLength(); ++i) {
-    if (getNode(start + i) != path->getNode(i) || getIndex(start + i) != path->getIndex(i))
-      return false;
+    if (getNode(start + i) != path->getNode(i) || getIndex(start + i) != path->getIndex(i)) return false;
   }
   return true;
 }
@@ -117,19 +99,14 @@ bool NkPath::containsPath(const NkPath* path) const {
 bool NkPath::isIntact() const {
   for (int i = 1; i < fullLength(); ++i) {
     const NkChildList* children = getNode(i - 1)->getChildren();
-    if (!children || children->find(getNode(i), getIndex(i)) < 0)
-      return false;
+    if (!children || children->find(getNode(i), getIndex(i)) < 0) return false;
   }
   return true;
 }
 
-NkFullPath* NkPath::full() {
-  return static_cast<NkFullPath*>(this);
-}
+NkFullPath* NkPath::full() { return static_cast<NkFullPath*>(this); }
 
-const NkFullPath* NkPath::full() const {
-  return static_cast<const NkFullPath*>(this);
-}
+const NkFullPath* NkPath::full() const { return static_cast<const NkFullPath*>(this); }
 
 NkFullPath* NkPath::copy() const {
   NkFullPath* path = create();
@@ -139,10 +116,9 @@ NkFullPath* NkPath::copy() const {
 }
 
 bool operator==(const NkPath& a, const NkPath& b) {
-  return std::equal(a.m_nodes.begin(), a.m_nodes.end(), b.m_nodes.begin(), b.m_nodes.end(),
-                    [](const NkPath::Step& x, const NkPath::Step& y) {
-                      return x.node.get() == y.node.get() && x.index == y.index;
-                    });
+  return std::equal(
+      a.m_nodes.begin(), a.m_nodes.end(), b.m_nodes.begin(), b.m_nodes.end(),
+      [](const NkPath::Step& x, const NkPath::Step& y) { return x.node.get() == y.node.get() && x.index == y.index; });
 }
 
 NkPath* NkPathList::operator[](int index) const {
@@ -150,6 +126,5 @@ NkPath* NkPathList::operator[](int index) const {
 }
 
 void NkPathList::truncate(int length) {
-  if (length < getLength())
-    m_paths.resize(static_cast<std::size_t>(std::max(length, 0)));
+  if (length < getLength()) m_paths.resize(static_cast<std::size_t>(std::max(length, 0)));
 }

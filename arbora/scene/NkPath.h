@@ -11,7 +11,7 @@ class NkFullPath;
 /// A path that leads into a node kit ends for the public at the kit: `getLength` and `getTail` count the public
 /// part alone. `full()` gives the same path with all its nodes. `containsNode` looks at all of them.
 class ARBORA_API NkPath : public NkBase {
- public:
+public:
   static NkType getClassTypeId();
   NkType getTypeId() const override;
   static void initClass();
@@ -55,7 +55,7 @@ class ARBORA_API NkPath : public NkBase {
 
   void write(NkWriteAction* action);
 
- protected:
+protected:
   NkPath() = default;
   ~NkPath() override;
   bool readInstance(NkInput* in, unsigned short flags) override;
@@ -68,31 +68,31 @@ class ARBORA_API NkPath : public NkBase {
   std::vector<Step> m_nodes;
   int m_numPublic = -1;
 
- private:
+private:
   static NkType s_classTypeId;
 };
 
 /// A path with all its nodes. Every path is one; the class only changes what the length means.
 class ARBORA_API NkFullPath : public NkPath {
- public:
+public:
   int getLength() const { return fullLength(); }
   NkNode* getTail() const { return getNode(fullLength() - 1); }
   NkNode* getNodeFromTail(int index) const { return getNode(fullLength() - 1 - index); }
 
- private:
+private:
   friend class NkPath;
   NkFullPath() = default;
 };
 
 /// List of referenced paths.
 class ARBORA_API NkPathList {
- public:
+public:
   void append(NkPath* path) { m_paths.emplace_back(path); }
   int getLength() const { return static_cast<int>(m_paths.size()); }
   /// NULL outside the list.
   NkPath* operator[](int index) const;
   void truncate(int length);
 
- private:
+private:
   std::vector<arbora::Ref<NkPath>> m_paths;
 };

@@ -19,13 +19,11 @@ Deaths& deaths() {
   return s_deaths;
 }
 
-}  // namespace
+} // namespace
 
 NkRefCounter::~NkRefCounter() = default;
 
-void NkRefCounter::destroy() {
-  delete this;
-}
+void NkRefCounter::destroy() { delete this; }
 
 void NkRefCounter::die() const {
   m_refCount = kDyingCount;
@@ -37,8 +35,7 @@ void NkRefCounter::die() const {
   }
   ++state.depth;
   self->destroy();
-  if (--state.depth == 0)
-    endWaiting();
+  if (--state.depth == 0) endWaiting();
 }
 
 void NkRefCounter::endWaiting() {
@@ -47,21 +44,22 @@ void NkRefCounter::endWaiting() {
   while (!state.waiting.empty() && state.pauses == 0) {
     NkRefCounter* next = state.waiting.back();
     state.waiting.pop_back();
-    next->destroy();
+    // Somebody may have taken it up again: a path that was found in the traversal, for instance.
+    if (next->m_refCount > kDyingCount)
+      next->m_refCount -= kDyingCount;
+    else
+      next->destroy();
   }
   --state.depth;
 }
 
 namespace arbora {
 
-DeathPause::DeathPause() {
-  ++deaths().pauses;
-}
+DeathPause::DeathPause() { ++deaths().pauses; }
 
 DeathPause::~DeathPause() {
   const Deaths& state = deaths();
-  if (--deaths().pauses == 0 && state.depth == 0 && !state.waiting.empty())
-    NkRefCounter::endWaiting();
+  if (--deaths().pauses == 0 && state.depth == 0 && !state.waiting.empty()) NkRefCounter::endWaiting();
 }
 
-}  // namespace arbora
+} // namespace arbora

@@ -9,28 +9,27 @@ class DeathPause;
 /// Intrusive reference count. A new object has the count 0; it is deleted through `destroy` when the count
 /// returns to 0. The count is not atomic: an object belongs to the thread that uses its scene.
 class ARBORA_API NkRefCounter {
- public:
+public:
   void ref() const { ++m_refCount; }
   void unref() const {
-    if (--m_refCount <= 0)
-      die();
+    if (--m_refCount <= 0) die();
   }
   /// Takes a reference off without deleting: hands an object on with the count that it had before `ref`.
   void unrefNoDelete() const { --m_refCount; }
   int getRefCount() const { return m_refCount; }
-  /// True from the moment at which the last reference went: it's too late for another one.
+  /// True from the moment at which the last reference went.
   bool isDying() const { return m_refCount >= kDyingCount / 2; }
 
   NkRefCounter(const NkRefCounter&) = delete;
   NkRefCounter& operator=(const NkRefCounter&) = delete;
 
- protected:
+protected:
   NkRefCounter() = default;
   virtual ~NkRefCounter();
   /// Called once, when the count returns to 0; deletes the object.
   virtual void destroy();
 
- private:
+private:
   // While an object dies, references that come and go must not kill it again.
   static constexpr int kDyingCount = 1 << 30;
   friend class arbora::DeathPause;
@@ -44,17 +43,15 @@ namespace arbora {
 /// Owning smart reference to a reference-counted object.
 template <class T>
 class Ref {
- public:
+public:
   Ref() = default;
   Ref(T* object) : m_object(object) {
-    if (m_object)
-      m_object->ref();
+    if (m_object) m_object->ref();
   }
   Ref(const Ref& other) : Ref(other.m_object) {}
   Ref(Ref&& other) noexcept : m_object(other.m_object) { other.m_object = nullptr; }
   ~Ref() {
-    if (m_object)
-      m_object->unref();
+    if (m_object) m_object->unref();
   }
   Ref& operator=(Ref other) noexcept {
     T* previous = m_object;
@@ -67,14 +64,15 @@ class Ref {
   T& operator*() const { return *m_object; }
   explicit operator bool() const { return m_object != nullptr; }
 
- private:
+private:
   T* m_object = nullptr;
 };
 
-/// While one lives, objects of this thread that lose their last reference wait with dying until it goes. A traversal
-/// whose state has plain pointers to nodes holds one, for the sake of nodes that change the scene when they are visited.
+/// While one lives, objects of this thread that lose their last reference wait with dying until it goes, and may be
+/// taken up again. A traversal whose state has plain pointers to nodes holds one, for the sake of nodes that change the
+/// scene when they are visited.
 class ARBORA_API DeathPause {
- public:
+public:
   DeathPause();
   ~DeathPause();
   DeathPause(const DeathPause&) = delete;
@@ -84,15 +82,13 @@ class ARBORA_API DeathPause {
 /// Keeps an object alive over a call that leaves the library. An object that nobody has referenced yet stays so: a
 /// reference that comes and goes inside the call doesn't delete it under the caller's hands.
 class KeepAlive {
- public:
+public:
   explicit KeepAlive(const NkRefCounter* object)
       : m_object(object), m_isUnreferenced(object && object->getRefCount() == 0) {
-    if (m_object)
-      m_object->ref();
+    if (m_object) m_object->ref();
   }
   ~KeepAlive() {
-    if (!m_object)
-      return;
+    if (!m_object) return;
     if (m_isUnreferenced && m_object->getRefCount() == 1)
       m_object->unrefNoDelete();
     else
@@ -101,9 +97,9 @@ class KeepAlive {
   KeepAlive(const KeepAlive&) = delete;
   KeepAlive& operator=(const KeepAlive&) = delete;
 
- private:
+private:
   const NkRefCounter* m_object;
   bool m_isUnreferenced;
 };
 
-}  // namespace arbora
+} // namespace arbora

@@ -20,7 +20,7 @@ struct EnumData;
 /// Base of the fields with one value; every write notifies, also one that doesn't change the value.
 template <class T>
 class NkSField : public NkField {
- public:
+public:
   using Value = T;
   const T& getValue() const { return m_value; }
   void setValue(const T& value) {
@@ -31,13 +31,11 @@ class NkSField : public NkField {
     return getTypeId() == other.getTypeId() && m_value == static_cast<const NkSField&>(other).m_value;
   }
   void copyFrom(const NkField& other) override {
-    if (getTypeId() == other.getTypeId())
-      setValue(static_cast<const NkSField&>(other).m_value);
+    if (getTypeId() == other.getTypeId()) setValue(static_cast<const NkSField&>(other).m_value);
   }
   bool readValue(NkInput* in) override {
     T value{};
-    if (!arbora::readFieldValue(in, value))
-      return false;
+    if (!arbora::readFieldValue(in, value)) return false;
     m_value = std::move(value);
     valueChanged();
     return true;
@@ -47,7 +45,7 @@ class NkSField : public NkField {
   friend bool operator==(const NkSField& a, const NkSField& b) { return a.m_value == b.m_value; }
   friend bool operator!=(const NkSField& a, const NkSField& b) { return !(a.m_value == b.m_value); }
 
- protected:
+protected:
   NkSField() : m_value() {}
   T m_value;
 };
@@ -111,8 +109,8 @@ class ARBORA_API NkSFEnum : public NkSField<int> {
   bool readValue(NkInput* in) override;
   void writeValue(NkOutput* out) const override;
 
- protected:
-  const arbora::EnumData* m_enums = nullptr;  // Owned by the class's field table.
+protected:
+  const arbora::EnumData* m_enums = nullptr; // Owned by the class's field table.
 };
 
 /// A set of named bits: `FRONT`, `(FRONT | SIDES)`, `ALL`, `NONE`.
@@ -171,7 +169,7 @@ class ARBORA_API NkSFImage : public NkSField<arbora::Image> {
 class ARBORA_API NkSFNode : public NkField {
   NK_FIELD_HEADER(NkSFNode);
 
- public:
+public:
   NkSFNode() = default;
   ~NkSFNode() override;
   NkNode* getValue() const { return m_value; }
@@ -194,8 +192,8 @@ class ARBORA_API NkSFNode : public NkField {
   void setPartHolder(bool flag) { m_partHolder = flag; }
   bool isPartHolder() const { return m_partHolder; }
 
- private:
+private:
   NkNode* m_value = nullptr;
-  NkNode* m_linked = nullptr;  // The container, where it is told of changes.
+  NkNode* m_linked = nullptr; // The container, where it is told of changes.
   bool m_partHolder = false;
 };

@@ -7,7 +7,7 @@
 /// Looks for nodes by type, by name or by identity; all that are set must fit. What a switch hides is searched only
 /// with `setSearchingAll`.
 class ARBORA_API NkSearchAction : public NkAction {
- public:
+public:
   enum Interest { FIRST = 0, LAST = 1, ALL = 2 };
 
   NkSearchAction();
@@ -39,12 +39,12 @@ class ARBORA_API NkSearchAction : public NkAction {
   /// Tests the present node and notes it; for nodes.
   void checkNode(NkNode* node);
 
- protected:
+protected:
   void beginTraversal() override;
   void endTraversal() override;
   void dispatch(NkNode* node) override;
 
- private:
+private:
   static NkType s_classTypeId;
   int m_interest = FIRST;
   NkType m_type;
@@ -54,6 +54,6 @@ class ARBORA_API NkSearchAction : public NkAction {
   bool m_searchingAll = false;
   bool m_found = false;
   arbora::Ref<NkPath> m_path;
-  std::vector<Step> m_lastMatch;  // Made a path when it's asked for: a search for the last match meets many.
+  std::vector<Step> m_lastMatch; // Made a path when it's asked for: a search for the last match meets many.
   NkPathList m_paths;
 };

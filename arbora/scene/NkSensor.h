@@ -7,7 +7,7 @@ using NkSensorCB = void(void* data, NkSensor* sensor);
 
 /// Calls a function of the application when something happens.
 class ARBORA_API NkSensor {
- public:
+public:
   virtual ~NkSensor();
   NkSensor(const NkSensor&) = delete;
   NkSensor& operator=(const NkSensor&) = delete;
@@ -23,10 +23,10 @@ class ARBORA_API NkSensor {
   /// Calls the callback now. The sensor may be deleted inside it.
   virtual void trigger();
 
- protected:
+protected:
   explicit NkSensor(NkSensorCB* callback = nullptr, void* data = nullptr) : m_callback(callback), m_data(data) {}
 
- private:
+private:
   NkSensorCB* m_callback;
   void* m_data;
 };

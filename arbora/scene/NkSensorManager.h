@@ -10,7 +10,7 @@ class NkDelayQueueSensor;
 
 /// The delay queue. There is one; it belongs to the thread that runs the application's loop.
 class ARBORA_API NkSensorManager {
- public:
+public:
   static NkSensorManager& getInstance();
 
   /// Runs the sensors that wait now. What they schedule waits for the next call.
@@ -19,9 +19,9 @@ class ARBORA_API NkSensorManager {
   /// Called when the queue turns from empty to not empty, so that a sleeping loop can wake up.
   void setChangedCallback(void (*callback)(void* data), void* data);
 
- private:
+private:
   friend class NkDelayQueueSensor;
-  using Key = std::pair<unsigned, std::uint64_t>;  // Priority, then order of scheduling.
+  using Key = std::pair<unsigned, std::uint64_t>; // Priority, then order of scheduling.
   void insert(NkDelayQueueSensor* sensor);
   void remove(NkDelayQueueSensor* sensor);
 

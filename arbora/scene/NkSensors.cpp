@@ -9,8 +9,7 @@
 NkSensor::~NkSensor() = default;
 
 void NkSensor::trigger() {
-  if (m_callback)
-    m_callback(m_data, this);
+  if (m_callback) m_callback(m_data, this);
 }
 
 // Delay queue
@@ -24,13 +23,10 @@ void NkSensorManager::insert(NkDelayQueueSensor* sensor) {
   const bool wasEmpty = m_queue.empty();
   sensor->m_sequence = ++m_sequence;
   m_queue.emplace(Key{sensor->m_priority, sensor->m_sequence}, sensor);
-  if (wasEmpty && m_changedCallback)
-    m_changedCallback(m_changedData);
+  if (wasEmpty && m_changedCallback) m_changedCallback(m_changedData);
 }
 
-void NkSensorManager::remove(NkDelayQueueSensor* sensor) {
-  m_queue.erase(Key{sensor->m_priority, sensor->m_sequence});
-}
+void NkSensorManager::remove(NkDelayQueueSensor* sensor) { m_queue.erase(Key{sensor->m_priority, sensor->m_sequence}); }
 
 void NkSensorManager::processDelayQueue() {
   const std::uint64_t end = m_sequence;
@@ -45,7 +41,7 @@ void NkSensorManager::processDelayQueue() {
     m_queue.erase(it);
     sensor->m_scheduled = false;
     sensor->trigger();
-    it = m_queue.upper_bound(key);  // The callback may have changed the queue; what it added waits.
+    it = m_queue.upper_bound(key); // The callback may have changed the queue; what it added waits.
   }
 }
 
@@ -57,17 +53,14 @@ void NkSensorManager::setChangedCallback(void (*callback)(void*), void* data) {
 NkDelayQueueSensor::NkDelayQueueSensor(NkSensorCB* callback, void* data) : NkSensor(callback, data) {}
 
 NkDelayQueueSensor::~NkDelayQueueSensor() {
-  if (m_scheduled)
-    NkSensorManager::getInstance().remove(this);
+  if (m_scheduled) NkSensorManager::getInstance().remove(this);
 }
 
 void NkDelayQueueSensor::setPriority(unsigned priority) {
   const bool waits = m_scheduled;
-  if (waits)
-    unschedule();
+  if (waits) unschedule();
   m_priority = priority;
-  if (waits)
-    schedule();
+  if (waits) schedule();
 }
 
 void NkDelayQueueSensor::schedule() {
@@ -80,8 +73,7 @@ void NkDelayQueueSensor::schedule() {
 }
 
 void NkDelayQueueSensor::unschedule() {
-  if (!m_scheduled)
-    return;
+  if (!m_scheduled) return;
   m_scheduled = false;
   NkSensorManager::getInstance().remove(this);
 }
@@ -95,7 +87,7 @@ void NkDelayQueueSensor::trigger() {
 
 /// Tells behind a callback whether it deleted the sensor.
 class NkDataSensor::LifeWatch {
- public:
+public:
   explicit LifeWatch(NkDataSensor* sensor) : m_sensor(sensor), m_outer(sensor->m_deathFlag) {
     sensor->m_deathFlag = &m_isDead;
   }
@@ -109,7 +101,7 @@ class NkDataSensor::LifeWatch {
   LifeWatch& operator=(const LifeWatch&) = delete;
   bool isDead() const { return m_isDead; }
 
- private:
+private:
   NkDataSensor* m_sensor;
   bool* m_outer;
   bool m_isDead = false;
@@ -117,8 +109,7 @@ class NkDataSensor::LifeWatch {
 
 NkDataSensor::~NkDataSensor() {
   NkNotification::forget(this);
-  if (m_deathFlag)
-    *m_deathFlag = true;
+  if (m_deathFlag) *m_deathFlag = true;
 }
 
 void NkDataSensor::setDeleteCallback(NkSensorCB* callback, void* data) {
@@ -128,14 +119,13 @@ void NkDataSensor::setDeleteCallback(NkSensorCB* callback, void* data) {
 
 bool NkDataSensor::callDeleteCallback() {
   const LifeWatch life(this);
-  if (m_deleteCallback)
-    m_deleteCallback(m_deleteData, this);
+  if (m_deleteCallback) m_deleteCallback(m_deleteData, this);
   return !life.isDead();
 }
 
 void NkDataSensor::notify(const NkNotification& notification) {
   if (getPriority() != 0) {
-    schedule();  // The trigger may be gone by the time the callback runs: it isn't kept.
+    schedule(); // The trigger may be gone by the time the callback runs: it isn't kept.
     return;
   }
   // A callback may write again and so get here from inside itself.
@@ -145,28 +135,22 @@ void NkDataSensor::notify(const NkNotification& notification) {
   m_triggerField = notification.field;
   m_triggerNode = notification.origin;
   trigger();
-  if (life.isDead())
-    return;
+  if (life.isDead()) return;
   m_triggerField = outerField;
   m_triggerNode = outerNode;
 }
 
-NkFieldSensor::~NkFieldSensor() {
-  detach();
-}
+NkFieldSensor::~NkFieldSensor() { detach(); }
 
 void NkFieldSensor::attach(NkField* field) {
-  if (field == m_field)
-    return;
+  if (field == m_field) return;
   detach();
   m_field = field;
-  if (m_field)
-    m_field->addSensor(this);
+  if (m_field) m_field->addSensor(this);
 }
 
 void NkFieldSensor::detach() {
-  if (!m_field)
-    return;
+  if (!m_field) return;
   NkNotification::forget(this);
   unschedule();
   m_field->removeSensor(this);
@@ -175,26 +159,20 @@ void NkFieldSensor::detach() {
 
 void NkFieldSensor::watchedObjectDies() {
   const NkField* field = m_field;
-  if (callDeleteCallback() && m_field == field)
-    detach();
+  if (callDeleteCallback() && m_field == field) detach();
 }
 
-NkNodeSensor::~NkNodeSensor() {
-  detach();
-}
+NkNodeSensor::~NkNodeSensor() { detach(); }
 
 void NkNodeSensor::attach(NkNode* node) {
-  if (node == m_node)
-    return;
+  if (node == m_node) return;
   detach();
   m_node = node;
-  if (m_node)
-    m_node->addSensor(this);
+  if (m_node) m_node->addSensor(this);
 }
 
 void NkNodeSensor::detach() {
-  if (!m_node)
-    return;
+  if (!m_node) return;
   NkNotification::forget(this);
   unschedule();
   m_node->removeSensor(this);
@@ -203,6 +181,5 @@ void NkNodeSensor::detach() {
 
 void NkNodeSensor::watchedObjectDies() {
   const NkNode* node = m_node;
-  if (callDeleteCallback() && m_node == node)
-    detach();
+  if (callDeleteCallback() && m_node == node) detach();
 }

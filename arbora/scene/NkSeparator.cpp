@@ -8,9 +8,7 @@
 
 NK_NODE_SOURCE(NkSeparator, NkGroup, "Separator");
 
-NkSeparator::NkSeparator() {
-  NK_NODE_CONSTRUCTOR(NkSeparator);
-}
+NkSeparator::NkSeparator() { NK_NODE_CONSTRUCTOR(NkSeparator); }
 
 NkSeparator::NkSeparator(int) : NkSeparator() {}
 
@@ -26,18 +24,15 @@ bool arbora::SeparatorCache::Box::fits(const NkState& state) const {
 }
 
 arbora::SeparatorCache& NkSeparator::getCache() {
-  if (!m_cache)
-    m_cache = std::make_unique<arbora::SeparatorCache>();
+  if (!m_cache) m_cache = std::make_unique<arbora::SeparatorCache>();
   return *m_cache;
 }
 
 bool NkSeparator::dropCaches(NkNotification& notification) {
-  if (!m_cache)
-    return false;
+  if (!m_cache) return false;
   m_cache->box.valid = false;
   ++m_cache->box.changes;
-  if (!notification.drawn)
-    m_cache->markSegmentsDirty();
+  if (!notification.drawn) m_cache->markSegmentsDirty();
   // The separators further up draw this one's content by way of its segments.
   notification.drawn |= !m_cache->segments.empty();
   return m_cache->hasCleanSegments();
@@ -52,8 +47,7 @@ void NkSeparator::doAction(NkAction* action) {
 
 void NkSeparator::getMatrix(NkGetMatrixAction* action) {
   // The way that a matrix is accumulated along goes on inside; nothing beside it reaches the outside.
-  if (action->getPathCode() == NkAction::IN_PATH)
-    NkGroup::doAction(action);
+  if (action->getPathCode() == NkAction::IN_PATH) NkGroup::doAction(action);
 }
 
 void NkSeparator::getBoundingBox(NkGetBoundingBoxAction* action) {
@@ -63,8 +57,7 @@ void NkSeparator::getBoundingBox(NkGetBoundingBoxAction* action) {
   }
   const arbora::SeparatorCache::Box& cached = getCache().box;
   NkState& state = *action->getState();
-  if (!cached.fits(state))
-    measureContent(action);
+  if (!cached.fits(state)) measureContent(action);
   state.usedInherited |= cached.used & ~state.setBelow;
   action->extendBy(cached.box);
 }
@@ -97,11 +90,9 @@ void NkSeparator::rayPick(NkRayPickAction* action) {
   if (action->getPathCode() == NkAction::NO_PATH || action->getPathCode() == NkAction::BELOW_PATH) {
     const arbora::SeparatorCache::Box& cached = getCache().box;
     const NkState& state = *action->getState();
-    if (!cached.fits(state))
-      NkGetBoundingBoxAction::measureWithin(*action, this);
+    if (!cached.fits(state)) NkGetBoundingBoxAction::measureWithin(*action, this);
     // A camera inside decides on the ray, so the box tells nothing.
-    if (cached.fits(state) && !(cached.used & NkState::CAMERA) && !action->hitsBox(cached.box))
-      return;
+    if (cached.fits(state) && !(cached.used & NkState::CAMERA) && !action->hitsBox(cached.box)) return;
   }
   doAction(action);
 }

@@ -13,7 +13,7 @@ struct SeparatorCache;
 class ARBORA_API NkSeparator : public NkGroup {
   NK_NODE_HEADER(NkSeparator);
 
- public:
+public:
   NkSeparator();
   explicit NkSeparator(int expectedChildren);
 
@@ -27,11 +27,11 @@ class ARBORA_API NkSeparator : public NkGroup {
   /// Place of the caches; for the actions of this library.
   arbora::SeparatorCache& getCache();
 
- protected:
+protected:
   ~NkSeparator() override;
   bool dropCaches(NkNotification& notification) override;
 
- private:
+private:
   void measureContent(NkGetBoundingBoxAction* action);
   std::unique_ptr<arbora::SeparatorCache> m_cache;
 };

@@ -13,7 +13,7 @@ struct NkState;
 class ARBORA_API NkShape : public NkNode {
   NK_NODE_ABSTRACT_HEADER(NkShape);
 
- public:
+public:
   bool affectsState() const override { return false; }
   void GLRender(NkGLRenderAction* action) override;
   void getBoundingBox(NkGetBoundingBoxAction* action) override;
@@ -25,7 +25,7 @@ class ARBORA_API NkShape : public NkNode {
   /// The shape's box in local space; the union of its meshes unless the class knows better.
   virtual NbBox3f computeBox(NkState& state);
 
- protected:
+protected:
   NkShape();
   ~NkShape() override;
 };

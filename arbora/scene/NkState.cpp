@@ -17,7 +17,7 @@ bool operator==(const LightSet& a, const LightSet& b) {
   return a.count == b.count && std::equal(a.lights.begin(), a.lights.begin() + a.count, b.lights.begin());
 }
 
-}  // namespace arbora
+} // namespace arbora
 
 const NbViewVolume& NkViewVolumeElement::get(const NkState* state) {
   static const NbViewVolume s_none;

@@ -23,14 +23,14 @@ struct Material {
   NbColor ambient{0.2f, 0.2f, 0.2f};
   NbColor specular{0.0f, 0.0f, 0.0f};
   NbColor emissive{0.0f, 0.0f, 0.0f};
-  float shininess = 0.2f;     // 0 to 1
-  float transparency = 0.0f;  // 0 opaque to 1 invisible
+  float shininess = 0.2f;    // 0 to 1
+  float transparency = 0.0f; // 0 opaque to 1 invisible
   friend bool operator==(const Material&, const Material&) = default;
 };
 
 struct FontStyle {
   NbName face;        // Empty: the system's sans serif.
-  float size = 10.0f;  // Height of the em square in scene units.
+  float size = 10.0f; // Height of the em square in scene units.
   friend bool operator==(const FontStyle&, const FontStyle&) = default;
 };
 
@@ -44,8 +44,8 @@ struct ARBORA_API ClipSet {
 };
 
 struct Light {
-  NbVec3f direction;  // World space, in which the light travels.
-  NbColor color;      // Intensity included.
+  NbVec3f direction; // World space, in which the light travels.
+  NbColor color;     // Intensity included.
   friend bool operator==(const Light&, const Light&) = default;
 };
 
@@ -56,14 +56,14 @@ struct ARBORA_API LightSet {
   friend ARBORA_API bool operator==(const LightSet& a, const LightSet& b);
 };
 
-}  // namespace arbora
+} // namespace arbora
 
 /// What a traversal carries: copied at separators and put back behind them.
 struct ARBORA_API NkState {
-  NbMatrix model;  // Local space to world space.
+  NbMatrix model; // Local space to world space.
   arbora::Material material;
   arbora::FontStyle font;
-  int pickStyle = 0;  // 0 shapes, 1 bounding box, 2 unpickable
+  int pickStyle = 0; // 0 shapes, 1 bounding box, 2 unpickable
   int switchChild = -1;
   // Nodes whose contents the shapes behind them use; not owned, they stand in the scene that is traversed.
   const NkCoordinate3* coordinates = nullptr;
@@ -83,14 +83,13 @@ struct ARBORA_API NkState {
   enum Element : unsigned { FONT = 1, COORDINATES = 2, SWITCH = 4, CAMERA = 8 };
   void markSet(Element element) { setBelow |= element; }
   void markUsed(Element element) {
-    if (!(setBelow & element))
-      usedInherited |= element;
+    if (!(setBelow & element)) usedInherited |= element;
   }
 };
 
 /// Query of the view volume of a traversal.
 class ARBORA_API NkViewVolumeElement {
- public:
+public:
   /// Whether a camera was passed, so that a view volume is known.
   static bool isSet(const NkState* state) { return state && state->viewVolume; }
   static const NbViewVolume& get(const NkState* state);

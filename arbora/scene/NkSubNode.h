@@ -12,9 +12,9 @@ namespace arbora {
 
 /// The statics of one node class, as the functions that all classes share see them.
 struct NodeClass {
-  const char* className;        // "NkGroup"
-  const char* parentClassName;  // "NkNode"
-  const char* typeName;         // "Group", the file keyword
+  const char* className;       // "NkGroup"
+  const char* parentClassName; // "NkNode"
+  const char* typeName;        // "Group", the file keyword
   NkType& classTypeId;
   const NkFieldData*& fieldData;
   const NkFieldData**& parentFieldData;
@@ -37,7 +37,7 @@ ARBORA_API void exitKitClass(const KitClass& kit);
 /// Stands at the head of every constructor of a node class until its end. Makes the class's field table at the first
 /// instance and holds the class's mutex while that instance fills it; later instances take no lock.
 class ARBORA_API NodeConstruction {
- public:
+public:
   NodeConstruction(const NodeClass& nodeClass, NkFieldContainer* object, void (*initClass)(), NkType objectType);
   ~NodeConstruction();
   NodeConstruction(const NodeConstruction&) = delete;
@@ -51,13 +51,13 @@ class ARBORA_API NodeConstruction {
   /// Makes the class's catalog from its parent's at the first instance.
   void makeCatalog(const KitClass& kit);
 
- private:
+private:
   const NodeClass& m_class;
   NkFieldContainer* m_object;
   bool m_locked = false;
 };
 
-}  // namespace arbora
+} // namespace arbora
 
 // clang-format off
 

@@ -16,10 +16,8 @@ NkSwitch::~NkSwitch() = default;
 
 bool NkSwitch::affectsState() const {
   const int which = whichChild.getValue();
-  if (which == NK_SWITCH_NONE)
-    return false;
-  if (which < 0)
-    return NkGroup::affectsState();
+  if (which == NK_SWITCH_NONE) return false;
+  if (which < 0) return NkGroup::affectsState();
   const NkNode* child = getChildren()->get(which);
   return child && child->affectsState();
 }
@@ -56,14 +54,13 @@ void NkSwitch::doAction(NkAction* action) {
   action->getPathCode(count, indices);
   for (int i = 0; i < count; ++i) {
     getChildren()->traverse(action, indices[i], indices[i]);
-    action->getPathCode(count, indices);  // The same again; they have moved.
+    action->getPathCode(count, indices); // The same again; they have moved.
   }
 }
 
 void NkSwitch::search(NkSearchAction* action) {
   NkNode::search(action);
-  if (action->isFound())
-    return;
+  if (action->isFound()) return;
   if (action->isSearchingAll())
     getChildren()->traverse(action);
   else

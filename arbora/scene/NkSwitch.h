@@ -10,7 +10,7 @@ constexpr int NK_SWITCH_ALL = -3;
 class ARBORA_API NkSwitch : public NkGroup {
   NK_NODE_HEADER(NkSwitch);
 
- public:
+public:
   /// Index of the child that is traversed; -1 none, -2 the value of the switch further up, -3 all. An index past the
   /// children shows nothing.
   NkSFInt32 whichChild;
@@ -23,9 +23,9 @@ class ARBORA_API NkSwitch : public NkGroup {
   void search(NkSearchAction* action) override;
   void write(NkWriteAction* action) override;
 
- protected:
+protected:
   ~NkSwitch() override;
 
- private:
+private:
   void traverseChosen(NkAction* action);
 };

@@ -29,7 +29,7 @@ TypeRegistry& registry() {
 
 constexpr std::string_view kPrefix = "Nk";
 
-}  // namespace
+} // namespace
 
 NkType NkType::createType(NkType parent, const NbName& name, CreateInstance createInstance, int methodIndex) {
   TypeRegistry& types = registry();
@@ -57,8 +57,7 @@ NkType NkType::createType(NkType parent, const NbName& name, CreateInstance crea
 bool NkType::removeType(const NbName& name) {
   TypeRegistry& types = registry();
   const auto it = types.byName.find(name);
-  if (it == types.byName.end() || !types.entries[it->second].registered)
-    return false;
+  if (it == types.byName.end() || !types.entries[it->second].registered) return false;
   types.entries[it->second].registered = false;
   return true;
 }
@@ -70,29 +69,21 @@ NkType NkType::fromName(const NbName& name) {
     return it != types.byName.end() && types.entries[it->second].registered ? NkType(it->second) : badType();
   };
   const NkType type = lookUp(name);
-  if (!type.isBad())
-    return type;
+  if (!type.isBad()) return type;
   const std::string_view text = name.getView();
-  if (text.starts_with(kPrefix))
-    return lookUp(NbName(text.substr(kPrefix.size())));
+  if (text.starts_with(kPrefix)) return lookUp(NbName(text.substr(kPrefix.size())));
   return lookUp(NbName(std::string_view(std::string(kPrefix).append(text))));
 }
 
-NbName NkType::getName() const {
-  return registry().entries[m_index].name;
-}
+NbName NkType::getName() const { return registry().entries[m_index].name; }
 
-NkType NkType::getParent() const {
-  return registry().entries[m_index].parent;
-}
+NkType NkType::getParent() const { return registry().entries[m_index].parent; }
 
 bool NkType::isDerivedFrom(NkType ancestor) const {
-  if (ancestor.isBad())
-    return false;
+  if (ancestor.isBad()) return false;
   const std::vector<TypeEntry>& entries = registry().entries;
   for (NkType type = *this; !type.isBad(); type = entries[type.m_index].parent) {
-    if (type == ancestor)
-      return true;
+    if (type == ancestor) return true;
   }
   return false;
 }
@@ -106,15 +97,12 @@ NkBase* NkType::createInstance() const {
   return canCreateInstance() ? registry().entries[m_index].createInstance() : nullptr;
 }
 
-int NkType::getMethodIndex() const {
-  return registry().entries[m_index].methodIndex;
-}
+int NkType::getMethodIndex() const { return registry().entries[m_index].methodIndex; }
 
 void NkType::getAllDerivedFrom(NkType ancestor, std::vector<NkType>& types) {
   const std::vector<TypeEntry>& entries = registry().entries;
   for (std::size_t i = 1; i < entries.size(); ++i) {
     const NkType type(static_cast<std::uint16_t>(i));
-    if (entries[i].registered && type.isDerivedFrom(ancestor))
-      types.push_back(type);
+    if (entries[i].registered && type.isDerivedFrom(ancestor)) types.push_back(type);
   }
 }

@@ -10,7 +10,7 @@ class NkBase;
 
 /// Identifier of a class in the run-time registry of classes by name. A plain value of two bytes.
 class ARBORA_API NkType {
- public:
+public:
   /// Makes an object of a class; NULL for classes that can't be instantiated.
   using CreateInstance = NkBase* (*)();
 
@@ -45,7 +45,7 @@ class ARBORA_API NkType {
   friend bool operator!=(NkType a, NkType b) { return a.m_index != b.m_index; }
   friend bool operator<(NkType a, NkType b) { return a.m_index < b.m_index; }
 
- private:
+private:
   explicit NkType(std::uint16_t index) : m_index(index) {}
   std::uint16_t m_index = 0;
 };

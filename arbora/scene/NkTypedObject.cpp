@@ -6,13 +6,10 @@ NkType NkTypedObject::s_classTypeId;
 
 NkTypedObject::~NkTypedObject() = default;
 
-NkType NkTypedObject::getClassTypeId() {
-  return s_classTypeId;
-}
+NkType NkTypedObject::getClassTypeId() { return s_classTypeId; }
 
 void NkTypedObject::initClass() {
-  if (s_classTypeId.isBad())
-    s_classTypeId = NkType::createType(NkType::badType(), "TypedObject");
+  if (s_classTypeId.isBad()) s_classTypeId = NkType::createType(NkType::badType(), "TypedObject");
 }
 
 void NkTypedObject::exitClass() {
@@ -21,9 +18,8 @@ void NkTypedObject::exitClass() {
 }
 
 bool NkTypedObject::checkDatabase(const char* className, const void* object, NkType objectType, NkType classType) {
-  if (!classType.isBad() && objectType.isDerivedFrom(classType))
-    return true;
-  NkDebugError::post("NkTypedObject::checkDatabase", "The object of class %s at %p has the type \"%s\"", className, object,
-                     objectType.getName().getString());
+  if (!classType.isBad() && objectType.isDerivedFrom(classType)) return true;
+  NkDebugError::post("NkTypedObject::checkDatabase", "The object of class %s at %p has the type \"%s\"", className,
+                     object, objectType.getName().getString());
   return false;
 }

@@ -4,7 +4,7 @@
 
 /// Object with a run-time type.
 class ARBORA_API NkTypedObject {
- public:
+public:
   virtual ~NkTypedObject();
   static NkType getClassTypeId();
   virtual NkType getTypeId() const = 0;
@@ -17,9 +17,9 @@ class ARBORA_API NkTypedObject {
   /// Tells whether the object under construction has a registered type that fits its class; a misfit is posted.
   static bool checkDatabase(const char* className, const void* object, NkType objectType, NkType classType);
 
- protected:
+protected:
   NkTypedObject() = default;
 
- private:
+private:
   static NkType s_classTypeId;
 };

@@ -156,18 +156,16 @@ constexpr SceneClass kClasses[] = {
     row<NkDetail>(),
 };
 
-}  // namespace
+} // namespace
 
 void initSceneClasses() {
-  for (const SceneClass& sceneClass : kClasses)
-    sceneClass.init();
+  for (const SceneClass& sceneClass : kClasses) sceneClass.init();
 }
 
 void exitSceneClasses() {
-  for (auto it = std::rbegin(kClasses); it != std::rend(kClasses); ++it)
-    it->exit();
+  for (auto it = std::rbegin(kClasses); it != std::rend(kClasses); ++it) it->exit();
   clearGlyphCache();
   clearUnitMeshes();
 }
 
-}  // namespace arbora
+} // namespace arbora

@@ -9,4 +9,4 @@ namespace arbora {
 ARBORA_API void initSceneClasses();
 ARBORA_API void exitSceneClasses();
 
-}  // namespace arbora
+} // namespace arbora

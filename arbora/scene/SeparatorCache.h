@@ -25,7 +25,7 @@ struct ARBORA_API SeparatorCache {
     /// Grows with every change below the separator that it hears of.
     unsigned changes = 0;
     NbBox3f box;
-    unsigned used = 0;  // NkState::Element bits.
+    unsigned used = 0; // NkState::Element bits.
     FontStyle font;
     std::uint64_t coordinatesId = 0;
     int switchChild = 0;
@@ -33,9 +33,9 @@ struct ARBORA_API SeparatorCache {
   };
   Box box;
 
-  /// Every place in a draw list that this separator's content has: one per visit. Each separator that a draw list visits
-  /// has one, so a change that was told to all of them is told to every list (`NkNotification::drawn`), for what is
-  /// reached through this separator.
+  /// Every place in a draw list that this separator's content has: one per visit. Each separator that a draw list
+  /// visits has one, so a change that was told to all of them is told to every list (`NkNotification::drawn`), for what
+  /// is reached through this separator.
   std::vector<DrawSegment*> segments;
 
   /// Something below the separator changed that isn't below a deeper separator.
@@ -44,4 +44,4 @@ struct ARBORA_API SeparatorCache {
   bool hasCleanSegments() const;
 };
 
-}  // namespace arbora
+} // namespace arbora

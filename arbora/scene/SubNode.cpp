@@ -1,4 +1,8 @@
+#include <algorithm>
+#include <map>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "arbora/base/NkDebugError.h"
 #include "arbora/scene/NkSubNode.h"
@@ -15,8 +19,7 @@ void initNodeClass(const NodeClass& nodeClass, NkType (*parentType)(), void (*in
   }
   const int index = NkNode::getNextActionMethodIndex();
   nodeClass.classTypeId = NkType::createType(parentType(), nodeClass.typeName, createInstance, index & 0xffff);
-  if (!nodeClass.parentFieldData)
-    NkNode::incNextActionMethodIndex();
+  if (!nodeClass.parentFieldData) NkNode::incNextActionMethodIndex();
   nodeClass.parentFieldData = parentFieldData();
 }
 
@@ -60,8 +63,7 @@ NodeConstruction::NodeConstruction(const NodeClass& nodeClass, NkFieldContainer*
 }
 
 NodeConstruction::~NodeConstruction() {
-  if (m_locked)
-    m_class.classMutex.unlock();
+  if (m_locked) m_class.classMutex.unlock();
 }
 
 void NodeConstruction::addField(const char* name, NkField* field, const char* sourceFile) {
@@ -70,13 +72,33 @@ void NodeConstruction::addField(const char* name, NkField* field, const char* so
                                    "the constructor?");
     m_class.fieldData = new NkFieldData(m_class.parentFieldData ? *m_class.parentFieldData : nullptr);
   }
-  if (isFirst())
-    const_cast<NkFieldData*>(m_class.fieldData)->addField(m_object, name, field);
+  if (isFirst()) const_cast<NkFieldData*>(m_class.fieldData)->addField(m_object, name, field);
 }
 
+namespace {
+
+// The enum types of the classes, by class and type. They live for the process: nodes may outlive the tables of their
+// classes, as skin parts do, and an enum field knows its names by them.
+std::shared_ptr<EnumData>& classEnum(const char* className, const char* typeName) {
+  static std::map<std::pair<NbName, NbName>, std::shared_ptr<EnumData>> s_enums;
+  std::shared_ptr<EnumData>& data = s_enums[{NbName(className), NbName(typeName)}];
+  if (!data) data = std::make_shared<EnumData>(EnumData{NbName(typeName), {}, {}});
+  return data;
+}
+
+NbThreadMutex s_enumMutex;
+
+} // namespace
+
 void NodeConstruction::addEnumValue(const char* typeName, const char* valueName, int value) {
-  if (isFirst() && m_class.fieldData)
-    const_cast<NkFieldData*>(m_class.fieldData)->addEnumValue(typeName, valueName, value);
+  if (!isFirst() || !m_class.fieldData) return;
+  const NbThreadAutoLock lock(&s_enumMutex);
+  const std::shared_ptr<EnumData>& data = classEnum(m_class.className, typeName);
+  const_cast<NkFieldData*>(m_class.fieldData)->addEnum(data);
+  const NbName name(valueName);
+  if (std::find(data->names.begin(), data->names.end(), name) != data->names.end()) return;
+  data->names.push_back(name);
+  data->values.push_back(value);
 }
 
 const EnumData* NodeConstruction::getEnum(const char* fieldName, const char* typeName, const char* sourceFile,
@@ -90,4 +112,4 @@ const EnumData* NodeConstruction::getEnum(const char* fieldName, const char* typ
   return data;
 }
 
-}  // namespace arbora
+} // namespace arbora

@@ -13,7 +13,7 @@
 
 /// Fixture with the scene library in use. Objects that outlive their test fail it.
 class SceneTest : public ::testing::Test {
- protected:
+protected:
   SceneTest() {
     static const bool s_counted = registerLeakCounter("scene objects", &NkBase::getLiveCount);
     static_cast<void>(s_counted);

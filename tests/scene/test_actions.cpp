@@ -19,7 +19,7 @@ NbVec3f throughMatrix(NkGetMatrixAction& action, const NbVec3f& point) {
   return result;
 }
 
-}  // namespace
+} // namespace
 
 using Paths = SceneTest;
 
@@ -141,9 +141,9 @@ TEST_F(Matrices, ANodeAloneGivesItsOwnTransform) {
 
 TEST_F(Matrices, TheLastNodeOfASubgraphEndsWhereItIsMovedTo) {
   // How a text is put on the front face of a skin part, however deep that is drawn.
-  const auto root = read(
-      "Group { Scale { scaleFactor 200 20 1 } Switch { whichChild 1 Group { Translation { translation 0 0 9 } } "
-      "Group { Translation { translation 0 0 0.5 } Cube { } Translation { translation 0 0 0.5 } } } }");
+  const auto root =
+      read("Group { Scale { scaleFactor 200 20 1 } Switch { whichChild 1 Group { Translation { translation 0 0 9 } } "
+           "Group { Translation { translation 0 0 0.5 } Cube { } Translation { translation 0 0 0.5 } } } }");
   NkSearchAction search;
   search.setInterest(NkSearchAction::LAST);
   search.setType(NkNode::getClassTypeId(), true);
@@ -247,7 +247,7 @@ NkCallbackAction::Response note(void* data, NkCallbackAction* action, const NkNo
   return node->isOfType(NkSeparator::getClassTypeId()) ? NkCallbackAction::CONTINUE : visits->response;
 }
 
-}  // namespace
+} // namespace
 
 TEST_F(Traversals, CallbacksRunAheadOfAndBehindNodes) {
   const auto root = read("Group { Cube { } } Sphere { }");

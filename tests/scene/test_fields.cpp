@@ -16,9 +16,7 @@ using Fields = SceneTest;
 namespace {
 
 // Counts how often a sensor fires.
-void count(void* data, NkSensor*) {
-  ++*static_cast<int*>(data);
-}
+void count(void* data, NkSensor*) { ++*static_cast<int*>(data); }
 
 template <class Sensor>
 struct Counter {
@@ -27,7 +25,7 @@ struct Counter {
   explicit Counter(unsigned priority = 0) { sensor.setPriority(priority); }
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(Fields, EveryWriteClearsTheDefaultFlag) {
   const Ref<NkCube> cube(new NkCube);
@@ -365,8 +363,7 @@ TEST_F(Sensors, ANestedWriteReachesTheSensorAgain) {
   NkFieldSensor sensor(
       [](void* data, NkSensor*) {
         auto* c = static_cast<NkCube*>(data);
-        if (c->width.getValue() < 5)
-          c->width = c->width.getValue() + 1;
+        if (c->width.getValue() < 5) c->width = c->width.getValue() + 1;
       },
       cube.get());
   sensor.setPriority(0);

@@ -25,7 +25,7 @@ NbBox3f boxOf(NkNode* node) {
 class LateGroup : public NkGroup {
   NK_NODE_HEADER(LateGroup);
 
- public:
+public:
   LateGroup() { NK_NODE_CONSTRUCTOR(LateGroup); }
   void getBoundingBox(NkGetBoundingBoxAction* action) override {
     if (!m_cube) {
@@ -37,12 +37,12 @@ class LateGroup : public NkGroup {
   }
   NkCube* m_cube = nullptr;
 
- protected:
+protected:
   ~LateGroup() override = default;
 };
 NK_NODE_SOURCE(LateGroup, NkGroup, "LateGroup");
 
-}  // namespace
+} // namespace
 
 using Groups = SceneTest;
 

@@ -1,4 +1,5 @@
 #include "SceneTest.h"
+#include "arbora/scene/NkCone.h"
 #include "arbora/scene/NkCube.h"
 #include "arbora/scene/NkGroup.h"
 #include "arbora/scene/NkOutput.h"
@@ -237,4 +238,21 @@ TEST_F(ObjectModel, ANodeThatOutlivesTheLibraryCanBeWrittenWhenItIsBack) {
   ASSERT_TRUE(again);
   ASSERT_EQ(again->getNumChildren(), 1);
   EXPECT_TRUE(again->getChild(0)->isOfType(NkGroup::getClassTypeId()));
+}
+
+TEST(ObjectModelLifecycle, AnEnumFieldKnowsItsNamesWhenItsNodeOutlivesTheLibrary) {
+  NkDB::init();
+  const Ref<NkCone> survivor(new NkCone);
+  survivor->parts = NkCone::BOTTOM;
+  NkDB::finish();
+  EXPECT_EQ(survivor->parts.get(), NbString("BOTTOM"));
+  NkDB::init();
+  {
+    const Ref<NkCone> other(new NkCone);
+    other->parts = NkCone::BOTTOM;
+    EXPECT_EQ(other->parts.get(), NbString("BOTTOM"));
+    EXPECT_EQ(other->parts.getEnums(), survivor->parts.getEnums());
+    EXPECT_EQ(other->parts.getEnums()->names.size(), 3U);
+  }
+  NkDB::finish();
 }

@@ -375,13 +375,13 @@ void NkBaseKit::fieldHasChanged(NkField* field) {
   const int part = holder->isPartHolder() ? partOfHolder(field) : -1;
   if (part < 0 || placed(part).node.get() == holder->getValue()) return;
   const arbora::KeepAlive alive(this);
-  // Ahead of the part its parents are made, in whose callbacks the holder may be written again.
+  if (!checkPartType(part, holder->getValue(), "NkBaseKit::setPart")) {
+    putPart(part, placed(part).node.get());
+    return;
+  }
+  // The part's parents are made first: in the callbacks of that the holder may be written again.
   siblingsOf(part, holder->getValue() != nullptr);
-  if (placed(part).node.get() == holder->getValue()) return;
-  if (checkPartType(part, holder->getValue(), "NkBaseKit::setPart"))
-    placePart(part, holder->getValue());
-  else
-    putPart(part, arbora::Ref<NkNode>(placed(part).node).get());
+  if (placed(part).node.get() != holder->getValue()) placePart(part, holder->getValue());
 }
 
 bool NkBaseKit::validateNewFieldValue(NkField* field, void* newValue) {

@@ -65,7 +65,8 @@ void NkNotification::forget(NkDataSensor* sensor) {
 
 namespace {
 
-constexpr int kMaxDepth = 2 * NkAction::kMaxDepth;
+// Levels that a notification climbs on the call stack; from there it starts anew.
+constexpr int kMaxClimb = 1000;
 int s_nextActionMethodIndex = 0;
 const NkFieldData* s_noFields = nullptr;
 
@@ -148,7 +149,7 @@ void NkNode::childrenChanged(NkNode* added) {
   const arbora::KeepAlive alive(this);
   NkNotification notification;
   notification.origin = this;
-  const bool depends = notify(notification);
+  const bool depends = notifyAll(notification);
   m_changeId = notification.stamp;
   // Ahead of the callbacks, which may take the child out again.
   if (depends && added) added->armSubgraph();
@@ -159,16 +160,32 @@ void NkNode::notifyAbove(NkNotification& notification) {
   notification.origin = this;
   m_changeId = notification.stamp;
   // What depends on this node depends on the nodes that have come into its fields, too.
-  if (notify(notification)) forEachNodeIn(*notification.field, [](NkNode* node) { node->armSubgraph(); });
+  if (notifyAll(notification)) forEachNodeIn(*notification.field, [](NkNode* node) { node->armSubgraph(); });
 }
 
 bool NkNode::dropCaches(NkNotification&) { return false; }
+
+bool NkNode::notifyAll(NkNotification& notification) {
+  bool depends = notify(notification);
+  while (!notification.waiting.empty()) {
+    const NkNotification::Waiting next = notification.waiting.back();
+    notification.waiting.pop_back();
+    notification.silent = next.silent;
+    notification.drawn = next.drawn;
+    depends |= next.node->notify(notification);
+  }
+  return depends;
+}
 
 bool NkNode::notify(NkNotification& notification) {
   if (!m_armed) return false;
   // A change that comes by several ways is passed on once, unless a later way has more to tell.
   const bool again = m_stamp == notification.stamp;
   if (again && m_toldSilent <= notification.silent && m_toldDrawn <= notification.drawn) return true;
+  if (notification.depth == kMaxClimb) {
+    notification.waiting.push_back({this, notification.silent, notification.drawn});
+    return true;
+  }
   const bool collects = !again || m_toldSilent;
   m_toldSilent = notification.silent && (!again || m_toldSilent);
   m_toldDrawn = notification.drawn && (!again || m_toldDrawn);
@@ -184,11 +201,7 @@ bool NkNode::notify(NkNotification& notification) {
       for (NkDataSensor* sensor : *m_sensors) notification.collect(sensor);
     }
   }
-  // Deeper than any traversal goes nobody has cached anything.
-  if (++notification.depth > kMaxDepth) {
-    --notification.depth;
-    return true;
-  }
+  ++notification.depth;
   const bool silent = notification.silent;
   const bool drawn = notification.drawn;
   m_parents.forEach([&](NkNode* parent) {

@@ -123,6 +123,8 @@ private:
   friend class NkNodeSensor;
   void notifyAbove(NkNotification& notification) override;
   /// A change in this node or below it. Gives true if the next one must be told too.
+  bool notifyAll(NkNotification& notification);
+  /// The part of it that goes up on the call stack.
   bool notify(NkNotification& notification);
   void addSensor(NkDataSensor* sensor);
   void removeSensor(NkDataSensor* sensor);

@@ -28,8 +28,14 @@ struct ARBORA_API NkNotification {
   /// The draw lists further up don't depend on this change.
   bool drawn = false;
 
-  /// Levels that it has climbed.
+  /// Levels that it has climbed, and nodes at which it still has to go on.
   int depth = 0;
+  struct Waiting {
+    NkNode* node;
+    bool silent;
+    bool drawn;
+  };
+  std::vector<Waiting> waiting;
 
   static std::uint64_t nextStamp();
 

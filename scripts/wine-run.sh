@@ -12,6 +12,8 @@ if [[ ! -d ${HOME:-} || ! -w ${HOME:-} ]]; then
 fi
 
 export WINEPREFIX=${PANELIX_WINEPREFIX:-$root/build/wine-prefix}
+# Wine names files of the machine in the locale's characters; this locale is always there and knows them all.
+export LC_ALL=C.UTF-8
 export WINEDEBUG=${WINEDEBUG:--all}
 # Neither the .NET nor the HTML engine: their installers would ask questions.
 export WINEDLLOVERRIDES="mscoree=;mshtml="

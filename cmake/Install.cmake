@@ -35,4 +35,5 @@ foreach(_folder arbora fanout Panelix)
     FILES_MATCHING PATTERN "*.h")
 endforeach()
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} OPTIONAL)
-install(DIRECTORY ${CMAKE_SOURCE_DIR}/data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/panelix OPTIONAL)
+# ARBORAHOME names the folder that holds data/.
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/data DESTINATION ${CMAKE_INSTALL_DATADIR}/panelix)

@@ -399,8 +399,9 @@ HDC GetWindowDC(HWND) { return reinterpret_cast<HDC>(&s_screenContext); }
 
 int ReleaseDC(HWND, HDC context) { return context == reinterpret_cast<HDC>(&s_screenContext); }
 
-HDC CreateCompatibleDC(HDC) { return nullptr; }
-BOOL DeleteDC(HDC) { return FALSE; }
+// Only measuring works in a context, and what is measured is the same in all.
+HDC CreateCompatibleDC(HDC) { return reinterpret_cast<HDC>(&s_screenContext); }
+BOOL DeleteDC(HDC context) { return context == reinterpret_cast<HDC>(&s_screenContext); }
 
 HDC BeginPaint(HWND, PAINTSTRUCT* paint) {
   failClearing(paint);

@@ -954,6 +954,7 @@ inline constexpr BYTE OUT_DEFAULT_PRECIS = 0;
 inline constexpr BYTE CLIP_DEFAULT_PRECIS = 0;
 
 // System
+inline constexpr DWORD VER_PLATFORM_WIN32_WINDOWS = 1u;
 inline constexpr DWORD VER_PLATFORM_WIN32_NT = 2u;
 inline constexpr DWORD MONITOR_DEFAULTTONULL = 0u;
 inline constexpr DWORD MONITOR_DEFAULTTOPRIMARY = 1u;

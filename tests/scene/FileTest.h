@@ -24,7 +24,6 @@ protected:
     return arbora::Ref<Node>(node->isOfType(Node::getClassTypeId()) ? static_cast<Node*>(node) : nullptr);
   }
 
-  /// Empty if the trees are equal: types, names, fields with their default flags and connections, children, and which
-  /// nodes stand in several places. Else what differs first.
+  /// Empty if the trees are equal, else what differs first.
   static std::string difference(NkNode* a, NkNode* b);
 };

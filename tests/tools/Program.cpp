@@ -36,7 +36,7 @@ std::string Program::out() const { return withPlainNewlines(readFile(m_outFile))
 
 std::string Program::err() const { return withPlainNewlines(readFile(m_errFile)); }
 
-Result panelix(const std::vector<std::string>& words) {
+Result runPanelix(const std::vector<std::string>& words) {
   Program program(PANELIX_PROGRAM, words);
   const int exitCode = program.wait();
   return {exitCode, program.out(), program.err()};
@@ -50,4 +50,10 @@ std::string readFile(const std::string& path) {
 void writeFile(const std::string& path, const std::string& bytes) {
   std::filesystem::create_directories(pathOf(path).parent_path());
   std::ofstream(pathOf(path), std::ios::binary) << bytes;
+}
+
+std::string writeScene(const std::string& name, const std::string& text) {
+  const std::string path = outputDir() + "/tools/" + name;
+  writeFile(path, "#Arbora V2.1 ascii\n" + text);
+  return path;
 }

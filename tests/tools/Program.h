@@ -37,11 +37,13 @@ struct Result {
 };
 
 /// Runs the program under test to its end.
-Result panelix(const std::vector<std::string>& words);
+Result runPanelix(const std::vector<std::string>& words);
 
 /// Files of the tests, with UTF-8 names.
 std::string readFile(const std::string& path);
 void writeFile(const std::string& path, const std::string& bytes);
+/// Writes a scene text, behind its header, into a folder of the tests; gives the file's path.
+std::string writeScene(const std::string& name, const std::string& text);
 
 /// Where the drawing of a window of another program begins, on the screen; -1 if there is no window of that title.
 struct WindowPlace {

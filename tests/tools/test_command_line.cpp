@@ -9,20 +9,11 @@
 
 namespace {
 
-const std::string kHeader = "#Arbora V2.1 ascii\n";
 constexpr Picture::Pixel kBlack{0, 0, 0};
 
 /// Tests that run the program as a user does.
 class CommandLine : public ::testing::Test {
 protected:
-  /// A file of the test's own with that content.
-  static std::string file(const std::string& name, const std::string& text) {
-    const std::string path = outputDir() + "/tools/" + name;
-    writeFile(path, text);
-    return path;
-  }
-  static std::string scene(const std::string& name, const std::string& text) { return file(name, kHeader + text); }
-
   static bool contains(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
   }
@@ -34,7 +25,7 @@ protected:
     std::filesystem::remove(picture);
     std::vector<std::string> words{"render", path, "-o", picture};
     words.insert(words.end(), options.begin(), options.end());
-    const Result result = panelix(words);
+    const Result result = runPanelix(words);
     EXPECT_EQ(result.exitCode, 0) << path;
     EXPECT_EQ(result.out, "") << path;
     EXPECT_EQ(result.err, "") << path;
@@ -45,13 +36,13 @@ protected:
 } // namespace
 
 TEST_F(CommandLine, TellsItsVersionAndItsHelp) {
-  const Result version = panelix({"--version"});
+  const Result version = runPanelix({"--version"});
   EXPECT_EQ(version.exitCode, 0);
   EXPECT_EQ(version.out.substr(0, 8), "panelix ");
   EXPECT_EQ(version.err, "");
   for (const std::vector<std::string>& words :
        {std::vector<std::string>{"--help"}, {"render", "--help"}, {"show", "--help"}, {"check", "--help"}}) {
-    const Result help = panelix(words);
+    const Result help = runPanelix(words);
     EXPECT_EQ(help.exitCode, 0);
     EXPECT_TRUE(contains(help.out, "Usage: panelix")) << help.out;
     EXPECT_EQ(help.err, "");
@@ -59,7 +50,7 @@ TEST_F(CommandLine, TellsItsVersionAndItsHelp) {
 }
 
 TEST_F(CommandLine, WrongUsageIsToldAndGivesTwo) {
-  const std::string good = scene("usage.arb", "Cube { }");
+  const std::string good = writeScene("usage.arb", "Cube { }");
   const std::string picture = outputDir() + "/tools/usage.png";
   struct Wrong {
     std::vector<std::string> words;
@@ -79,7 +70,7 @@ TEST_F(CommandLine, WrongUsageIsToldAndGivesTwo) {
                              Wrong{{"render", good, "-o", picture, "--colour", "1"}, "--colour"},
                              Wrong{{"show"}, "FILE"}, Wrong{{"show", good, "--size", "big"}, "'big'"},
                              Wrong{{"check"}, "FILE"}, Wrong{{"check", good, "--format=xml"}, "xml"}}) {
-    const Result result = panelix(wrong.words);
+    const Result result = runPanelix(wrong.words);
     EXPECT_EQ(result.exitCode, 2) << wrong.message;
     EXPECT_EQ(result.out, "") << wrong.message;
     EXPECT_TRUE(contains(result.err, wrong.message)) << wrong.message << " in\n" << result.err;
@@ -88,9 +79,10 @@ TEST_F(CommandLine, WrongUsageIsToldAndGivesTwo) {
 }
 
 TEST_F(CommandLine, APictureHasTheSizeAndTheBackgroundAskedFor) {
-  const std::string path = scene("card.arb", "OrthographicCamera { height 4 position 0 0 5 }"
-                                             "Material { diffuseColor 0 0 0 ambientColor 0 0 0 emissiveColor 0 0 1 }"
-                                             "Cube { width 2 height 2 depth 0 }");
+  const std::string path =
+      writeScene("card.arb", "OrthographicCamera { height 4 position 0 0 5 }"
+                             "Material { diffuseColor 0 0 0 ambientColor 0 0 0 emissiveColor 0 0 1 }"
+                             "Cube { width 2 height 2 depth 0 }");
   const Picture asked = draw(path, {"--size", "300x200", "--background", "1,0.5,0"});
   EXPECT_EQ(asked.width, 300);
   EXPECT_EQ(asked.height, 200);
@@ -107,10 +99,10 @@ TEST_F(CommandLine, APictureHasTheSizeAndTheBackgroundAskedFor) {
 TEST_F(CommandLine, ASceneWithoutACameraIsSeenWholeFromAboveAndTheRight) {
   // Each side has its own light; the sides that are turned away would be black.
   const Picture picture =
-      draw(scene("sides.arb", "Translation { translation 100 -40 7 } Material { diffuseColor 1 1 1 }"
-                              "DirectionalLight { direction 0 0 -1 color 1 0 0 }"
-                              "DirectionalLight { direction -1 0 0 color 0 1 0 }"
-                              "DirectionalLight { direction 0 -1 0 color 0 0 1 } Cube { }"));
+      draw(writeScene("sides.arb", "Translation { translation 100 -40 7 } Material { diffuseColor 1 1 1 }"
+                                   "DirectionalLight { direction 0 0 -1 color 1 0 0 }"
+                                   "DirectionalLight { direction -1 0 0 color 0 1 0 }"
+                                   "DirectionalLight { direction 0 -1 0 color 0 0 1 } Cube { }"));
   const auto isMostly = [](int index) {
     return [=](Picture::Pixel pixel) {
       const auto i = static_cast<std::size_t>(index);
@@ -134,39 +126,39 @@ TEST_F(CommandLine, ASceneWithoutACameraIsSeenWholeFromAboveAndTheRight) {
 TEST_F(CommandLine, ASceneWithoutALightGetsOne) {
   const std::string camera = "OrthographicCamera { height 4 position 0 0 5 }";
   const std::string ball = "Material { diffuseColor 1 1 1 ambientColor 0 0 0 } Sphere { }";
-  const Picture lit = draw(scene("lit.arb", camera + ball), {"--size", "100x100"});
+  const Picture lit = draw(writeScene("lit.arb", camera + ball), {"--size", "100x100"});
   // From above and the right.
   EXPECT_GT(lit.at(57, 39)[0], 240);
   EXPECT_LT(lit.at(35, 65)[0], 180);
   EXPECT_GT(lit.at(50, 50)[0], 180);
   const Picture dark =
-      draw(scene("dark.arb", "DirectionalLight { intensity 0 }" + camera + ball), {"--size", "100x100"});
+      draw(writeScene("dark.arb", "DirectionalLight { intensity 0 }" + camera + ball), {"--size", "100x100"});
   EXPECT_EQ(dark.at(57, 39), kBlack);
 }
 
 TEST_F(CommandLine, TheAddedLightGoesWithTheCameraOfTheScene) {
   // The camera looks at the ball from behind, within a turned space.
   const Picture picture =
-      draw(scene("behind.arb", "Separator { Rotation { rotation 0 1 0 1.570796 } OrthographicCamera { height 4 "
-                               "position -5 0 0 orientation 0 1 0 -1.570796 } } Material { diffuseColor 1 1 1 "
-                               "ambientColor 0 0 0 } Sphere { }"),
+      draw(writeScene("behind.arb", "Separator { Rotation { rotation 0 1 0 1.570796 } OrthographicCamera { height 4 "
+                                    "position -5 0 0 orientation 0 1 0 -1.570796 } } Material { diffuseColor 1 1 1 "
+                                    "ambientColor 0 0 0 } Sphere { }"),
            {"--size", "100x100"});
   EXPECT_GT(picture.at(50, 50)[0], 100);
 }
 
 TEST_F(CommandLine, AFileThatFailsIsToldAndGivesOne) {
   const std::string picture = outputDir() + "/tools/never.png";
-  const Result missing = panelix({"render", "no-such-file.arb", "-o", picture});
+  const Result missing = runPanelix({"render", "no-such-file.arb", "-o", picture});
   EXPECT_EQ(missing.exitCode, 1);
   EXPECT_EQ(missing.out, "");
   EXPECT_EQ(missing.err.substr(0, 24), "no-such-file.arb: error:");
 
-  const std::string path = scene("broken.arb", "Cube {\n  width wide\n}\nSpere { }\n");
+  const std::string path = writeScene("broken.arb", "Cube {\n  width wide\n}\nSpere { }\n");
   const std::string expected = path + ":3:9: error: a number expected, found 'wide'\n" + path +
                                ":5:1: error: there is no node type 'Spere'; did you mean 'Sphere'?\n";
   for (const std::vector<std::string>& words :
        {std::vector<std::string>{"render", path, "-o", picture}, {"show", path}}) {
-    const Result broken = panelix(words);
+    const Result broken = runPanelix(words);
     EXPECT_EQ(broken.exitCode, 1);
     EXPECT_EQ(broken.out, "");
     EXPECT_EQ(broken.err, expected);
@@ -174,7 +166,7 @@ TEST_F(CommandLine, AFileThatFailsIsToldAndGivesOne) {
   EXPECT_FALSE(std::filesystem::exists(picture));
 
   const std::string nowhere = outputDir() + "/no/such/folder/picture.png";
-  const Result unwritable = panelix({"render", scene("good.arb", "Cube { }"), "-o", nowhere});
+  const Result unwritable = runPanelix({"render", writeScene("good.arb", "Cube { }"), "-o", nowhere});
   EXPECT_EQ(unwritable.exitCode, 1);
   EXPECT_EQ(unwritable.out, "");
   EXPECT_TRUE(contains(unwritable.err, nowhere)) << unwritable.err;
@@ -182,12 +174,12 @@ TEST_F(CommandLine, AFileThatFailsIsToldAndGivesOne) {
 
 TEST_F(CommandLine, NamesOfFilesMayHaveAnyLetters) {
   // "Grüße, Ελλάδα"
-  const std::string path = scene("Gr\xC3\xBC\xC3\x9F"
-                                 "e, \xCE\x95\xCE\xBB\xCE\xBB\xCE\xAC\xCE\xB4\xCE\xB1.arb",
-                                 "Cube { }");
+  const std::string path = writeScene("Gr\xC3\xBC\xC3\x9F"
+                                      "e, \xCE\x95\xCE\xBB\xCE\xBB\xCE\xAC\xCE\xB4\xCE\xB1.arb",
+                                      "Cube { }");
   EXPECT_GT(draw(path, {"--size", "50x50"}).countOther(kBlack), 100);
   const std::string gone = outputDir() + "/tools/\xCE\x95\xCE\xBB.arb";
-  const Result result = panelix({"check", gone});
+  const Result result = runPanelix({"check", gone});
   EXPECT_EQ(result.exitCode, 1);
   EXPECT_TRUE(contains(result.err, gone)) << result.err;
 }
@@ -201,10 +193,10 @@ TEST_F(CommandLine, ImagesAreLookedForBesideTheScene) {
 }
 
 TEST_F(CommandLine, CheckReadsAllFilesAndReportsInTextOnStandardError) {
-  const std::string good = scene("check-good.arb", "Cube { }");
-  const std::string broken = scene("check-broken.arb", "Sphere { radius }");
-  const std::string dull = scene("check-dull.arb", "Texture2 { filename \"no-such-image.png\" } Cube { }");
-  const Result result = panelix({"check", broken, "no-such-file.arb", dull, good});
+  const std::string good = writeScene("check-good.arb", "Cube { }");
+  const std::string broken = writeScene("check-broken.arb", "Sphere { radius }");
+  const std::string dull = writeScene("check-dull.arb", "Texture2 { filename \"no-such-image.png\" } Cube { }");
+  const Result result = runPanelix({"check", broken, "no-such-file.arb", dull, good});
   EXPECT_EQ(result.exitCode, 1);
   EXPECT_EQ(result.out, "");
   EXPECT_TRUE(contains(result.err, broken + ":2:17: error: ")) << result.err;
@@ -214,29 +206,29 @@ TEST_F(CommandLine, CheckReadsAllFilesAndReportsInTextOnStandardError) {
   EXPECT_FALSE(contains(result.err, good)) << result.err;
   EXPECT_TRUE(contains(result.err, "\n4 files: 2 errors, 1 warning\n")) << result.err;
 
-  const Result silent = panelix({"check", good});
+  const Result silent = runPanelix({"check", good});
   EXPECT_EQ(silent.exitCode, 0);
   EXPECT_EQ(silent.out + silent.err, "1 file: 0 errors, 0 warnings\n");
 }
 
 TEST_F(CommandLine, WarningsCountOnlyInAStrictCheck) {
-  const std::string path = scene("strict.arb", "Switch { Texture2 { filename \"no-such-image.png\" } }");
-  EXPECT_EQ(panelix({"check", path}).exitCode, 0);
-  EXPECT_EQ(panelix({"check", "--strict", path}).exitCode, 1);
+  const std::string path = writeScene("strict.arb", "Switch { Texture2 { filename \"no-such-image.png\" } }");
+  EXPECT_EQ(runPanelix({"check", path}).exitCode, 0);
+  EXPECT_EQ(runPanelix({"check", "--strict", path}).exitCode, 1);
   // A picture can be made all the same.
-  EXPECT_EQ(panelix({"render", path, "-o", outputDir() + "/tools/strict.png"}).exitCode, 0);
+  EXPECT_EQ(runPanelix({"render", path, "-o", outputDir() + "/tools/strict.png"}).exitCode, 0);
 }
 
 TEST_F(CommandLine, AnImageIsLookedForOncePerNode) {
-  const std::string path = scene("shared.arb", "DEF A Texture2 { filename \"no-such-image.png\" } USE A USE A");
-  EXPECT_TRUE(contains(panelix({"check", path}).err, "0 errors, 1 warning\n"));
+  const std::string path = writeScene("shared.arb", "DEF A Texture2 { filename \"no-such-image.png\" } USE A USE A");
+  EXPECT_TRUE(contains(runPanelix({"check", path}).err, "0 errors, 1 warning\n"));
 }
 
 TEST_F(CommandLine, CheckReportsInJsonOnStandardOutput) {
-  const std::string broken = scene("json-broken.arb", "Cube {\n  width 1\n  heigth 2\n}\n");
+  const std::string broken = writeScene("json-broken.arb", "Cube {\n  width 1\n  heigth 2\n}\n");
   // A quote, a byte that is no UTF-8, and a control character, as the messages show them.
-  const std::string odd = scene("json-odd.arb", "Cube { width \"a\\\"b\xFF\x01\" }");
-  const Result result = panelix({"check", "--format=json", broken, odd, "no-such-file.arb"});
+  const std::string odd = writeScene("json-odd.arb", "Cube { width \"a\\\"b\xFF\x01\" }");
+  const Result result = runPanelix({"check", "--format=json", broken, odd, "no-such-file.arb"});
   EXPECT_EQ(result.exitCode, 1);
   EXPECT_EQ(result.err, "3 files: 3 errors, 0 warnings\n");
   const Json json = Json::parse(result.out);
@@ -256,7 +248,7 @@ TEST_F(CommandLine, CheckReportsInJsonOnStandardOutput) {
   EXPECT_EQ(json.items[2]["line"].kind, Json::NONE);
   EXPECT_EQ(json.items[2]["column"].kind, Json::NONE);
 
-  const Result good = panelix({"check", "--format", "json", scene("json-good.arb", "Cube { }")});
+  const Result good = runPanelix({"check", "--format", "json", writeScene("json-good.arb", "Cube { }")});
   EXPECT_EQ(good.exitCode, 0);
   const Json empty = Json::parse(good.out);
   EXPECT_EQ(empty.kind, Json::ARRAY);

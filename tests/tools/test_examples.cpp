@@ -4,9 +4,7 @@
 #include <set>
 #include <vector>
 
-#include "arbora/scene/NkDB.h"
-#include "arbora/scene/NkInteraction.h"
-#include "arbora/scene/NkNode.h"
+#include "Panelix/NkPanelix.h"
 #include "tests/support/TestSupport.h"
 #include "tests/tools/Picture.h"
 #include "tests/tools/Program.h"
@@ -20,20 +18,20 @@ constexpr Picture::Pixel kBlack{0, 0, 0};
 std::string render(const std::string& scene, const std::string& picture, const std::string& size) {
   std::filesystem::create_directories(kPictures);
   std::filesystem::remove(picture);
-  const Result result = panelix({"render", scene, "-o", picture, "--size", size});
+  const Result result = runPanelix({"render", scene, "-o", picture, "--size", size});
   return result.exitCode == 0 ? result.err : "exit code " + std::to_string(result.exitCode) + "\n" + result.err;
 }
 
 /// The names of the node classes of which files can hold objects.
 std::set<std::string> nodeNames() {
-  NkInteraction::init();
+  NkPanelix::init();
   std::vector<NkType> types;
   NkType::getAllDerivedFrom(NkNode::getClassTypeId(), types);
   std::set<std::string> names;
   for (const NkType type : types) {
     if (type.canCreateInstance()) names.insert(type.getName().getString());
   }
-  NkInteraction::finish();
+  NkPanelix::finish();
   return names;
 }
 
@@ -62,7 +60,7 @@ TEST(Examples, NothingIsWrongInAnyExample) {
     if (entry.path().extension() == ".arb") words.push_back(entry.path().generic_string());
   }
   ASSERT_GT(words.size(), 30u);
-  const Result result = panelix(words);
+  const Result result = runPanelix(words);
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_EQ(result.err, std::to_string(words.size() - 2) + " files: 0 errors, 0 warnings\n");
 }

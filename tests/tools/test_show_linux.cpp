@@ -30,7 +30,7 @@ private:
 TEST(Show, WithoutADisplayItSaysWhatToDoAndGivesTwo) {
   const Without display("DISPLAY");
   const Without wayland("WAYLAND_DISPLAY");
-  const Result result = panelix({"show", sourceDir() + "/examples/scene.arb"});
+  const Result result = runPanelix({"show", sourceDir() + "/examples/scene.arb"});
   EXPECT_EQ(result.exitCode, 2);
   EXPECT_EQ(result.out, "");
   EXPECT_NE(result.err.find("DISPLAY"), std::string::npos) << result.err;
@@ -40,6 +40,6 @@ TEST(Show, RenderNeedsNoDisplay) {
   const Without display("DISPLAY");
   const Without wayland("WAYLAND_DISPLAY");
   const Result result =
-      panelix({"render", sourceDir() + "/examples/nodes/Cube.arb", "-o", outputDir() + "/no-display.png"});
+      runPanelix({"render", sourceDir() + "/examples/nodes/Cube.arb", "-o", outputDir() + "/no-display.png"});
   EXPECT_EQ(result.exitCode, 0) << result.err;
 }

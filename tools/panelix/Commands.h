@@ -42,4 +42,12 @@ struct CheckOptions {
 /// Reads files and reports what is wrong in them.
 int check(const CheckOptions& options);
 
+struct DescribeOptions {
+  std::string type; ///< Keyword or class name; empty for all classes.
+  bool json = false;
+};
+
+/// Prints what classes dialog files have.
+int describe(const DescribeOptions& options);
+
 } // namespace panelix

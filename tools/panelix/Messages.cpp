@@ -4,8 +4,8 @@
 #include <charconv>
 #include <cstdio>
 
-#include "arbora/base/NbString.h"
 #include "arbora/base/NkDebugError.h"
+#include "tools/panelix/Json.h"
 
 namespace panelix {
 namespace {
@@ -32,23 +32,6 @@ std::optional<Message::Position> takePosition(std::string_view& text) {
   if (!takeNumber(rest, position.line) || !takeNumber(rest, position.column)) return std::nullopt;
   text = rest;
   return position;
-}
-
-/// A JSON string. Bytes that aren't UTF-8, which a broken file may bring into a message, are taken as Latin-1.
-std::string quoted(std::string_view text) {
-  std::string result = "\"";
-  for (const char c : NbString::fromUtf8(text).toUtf8()) {
-    if (c == '"' || c == '\\') {
-      result += {'\\', c};
-    } else if (static_cast<unsigned char>(c) < 0x20) {
-      char escape[8];
-      std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
-      result += escape;
-    } else {
-      result += c;
-    }
-  }
-  return result + "\"";
 }
 
 } // namespace
@@ -107,9 +90,9 @@ std::string toJson(const std::vector<Message>& messages) {
     const auto [line, column] = message.position.value_or(Message::Position{});
     const auto number = [&](int value) { return message.position ? std::to_string(value) : "null"; };
     result += result.size() > 1 ? ",\n  " : "\n  ";
-    result += R"({"file": )" + quoted(message.file) + R"(, "line": )" + number(line) + R"(, "column": )" +
+    result += R"({"file": )" + toJson(message.file) + R"(, "line": )" + number(line) + R"(, "column": )" +
               number(column) + R"(, "severity": ")" + severityName(message.severity) + R"(", "message": )" +
-              quoted(message.text) + "}";
+              toJson(message.text) + "}";
   }
   return result + (messages.empty() ? "]\n" : "\n]\n");
 }

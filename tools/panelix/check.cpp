@@ -4,14 +4,15 @@
 #include "arbora/base/NkDebugError.h"
 #include "arbora/scene/NkTexture2.h"
 #include "tools/panelix/Commands.h"
+#include "tools/panelix/DialogCheck.h"
 #include "tools/panelix/Messages.h"
 #include "tools/panelix/SceneFile.h"
 
 namespace panelix {
 namespace {
 
-/// What reading lets pass and would be missed only when the scene is drawn.
-void checkContents(const SceneFile& scene) {
+/// What would be missed only when the scene is drawn.
+void checkImages(const SceneFile& scene) {
   // An image that can't be loaded is posted where it is asked for.
   for (const auto& node : scene.findAll(NkTexture2::getClassTypeId())) static_cast<NkTexture2*>(node.get())->getImage();
 }
@@ -27,7 +28,9 @@ int check(const CheckOptions& options) {
   for (const std::string& file : options.files) {
     messages.setFile(file);
     const SceneFile scene(file);
-    if (scene.root()) checkContents(scene);
+    if (!scene.root()) continue;
+    checkImages(scene);
+    checkDialogs(scene.root(), messages);
   }
 
   if (options.json) std::fputs(toJson(messages.all()).c_str(), stdout);

@@ -8,8 +8,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include "Panelix/NkPanelix.h"
 #include "arbora/scene/NkDB.h"
-#include "arbora/scene/NkInteraction.h"
 #include "tools/panelix/Arguments.h"
 #include "tools/panelix/Commands.h"
 
@@ -17,10 +17,10 @@ namespace {
 
 constexpr int kLargestSize = 16384;
 
-/// The scene library with all its classes, for as long as it lives.
+/// The toolkit and the scene library with all their classes, for as long as it lives.
 struct Library {
-  Library() { NkInteraction::init(); }
-  ~Library() { NkInteraction::finish(); }
+  Library() { NkPanelix::init(); }
+  ~Library() { NkPanelix::finish(); }
   Library(const Library&) = delete;
   Library& operator=(const Library&) = delete;
 };
@@ -67,7 +67,7 @@ void addBackgroundOption(CLI::App& command, NbColor& color) {
 }
 
 int run(std::vector<std::string> arguments) {
-  CLI::App app("Draws, shows and checks Arbora scenes.", "panelix");
+  CLI::App app("Draws, shows and checks scenes and dialogs, and describes what they are made of.", "panelix");
   app.set_version_flag("--version", std::string("panelix ") + PANELIX_VERSION + " (" + NkDB::getVersion() + ")");
   app.require_subcommand(0, 1);
   app.footer("Exit codes: 0 good; 1 findings, or a file that failed; 2 wrong usage, no display or no OpenGL.");
@@ -94,6 +94,11 @@ int run(std::vector<std::string> arguments) {
       ->check(CLI::IsMember({"text", "json"}))
       ->type_name("FORMAT");
 
+  panelix::DescribeOptions describe;
+  CLI::App* const describeCommand = app.add_subcommand("describe", "Prints the classes of dialog files");
+  describeCommand->add_option("TYPE", describe.type, "One class: its keyword in files, or its name (all classes)");
+  describeCommand->add_flag("--json", describe.json, "For programs: an array with one object for each class");
+
   try {
     // The parser takes them from the back.
     std::reverse(arguments.begin(), arguments.end());
@@ -113,6 +118,7 @@ int run(std::vector<std::string> arguments) {
   const Library library;
   if (renderCommand->parsed()) return panelix::render(render);
   if (showCommand->parsed()) return panelix::show(show);
+  if (describeCommand->parsed()) return panelix::describe(describe);
   return panelix::check(check);
 }
 

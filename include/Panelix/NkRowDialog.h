@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Panelix/NkDialogGroup.h"
+
+/// Group that stacks its children from top to bottom, with common columns for their labels and for what is right of
+/// these.
+class PANELIX_API NkRowDialog : public NkDialogGroup {
+  NK_KIT_HEADER(NkRowDialog);
+
+public:
+  NkSFInt32 rowSpacing; ///< Pixels between two children. 0.
+
+  NkRowDialog();
+
+protected:
+  ~NkRowDialog() override;
+};

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "Panelix/NkDialogAuditor.h"
+
+/// Auditor of last resort of a top-level dialog.
+class PANELIX_API NkTopLevelAuditor : public NkDialogAuditor {};

@@ -1,5 +1,6 @@
 #include "arbora/scene/NkText3.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "arbora/scene/NkPickStyle.h"
@@ -41,14 +42,15 @@ void NkText3::updateLines(NkState& state) {
   const float lineSpacing = std::isfinite(spacing.getValue()) ? spacing.getValue() : 1.0f;
   const float step = metrics.getLineHeight() * lineSpacing;
   m_lines.clear();
+  float widest = 0.0f;
   for (int i = 0; i < string.getNum(); ++i) {
     const float width = metrics.getWidth(string[i]);
-    float left = 0.0f;
-    if (justification.getValue() == RIGHT)
-      left = -width;
-    else if (justification.getValue() == CENTER)
-      left = -width * 0.5f;
-    m_lines.push_back({left, width, -static_cast<float>(i) * step});
+    widest = std::max(widest, width);
+    m_lines.push_back({0.0f, width, -static_cast<float>(i) * step});
+  }
+  for (Line& line : m_lines) {
+    if (justification.getValue() == RIGHT) line.left = widest - line.width;
+    if (justification.getValue() == CENTER) line.left = -line.width * 0.5f;
   }
   m_hasLines = true;
   m_hasMeshes = false;

@@ -16,10 +16,12 @@ public:
   enum Justification { LEFT = 1, RIGHT = 2, CENTER = 3 };
   enum Part { FRONT = 1, SIDES = 2, BACK = 4, ALL = 7 };
 
-  NkMFString string;      ///< One value per line. Control characters show nothing; a tab is four blanks wide.
-  NkSFFloat spacing;      ///< From baseline to baseline, in line heights of the font.
-  NkSFEnum justification; ///< Which end of the lines lies at x 0.
-  NkSFBitMask parts;      ///< What is shown: the front at z 0, the back at z -1, the sides between them.
+  NkMFString string; ///< One value per line. Control characters show nothing; a tab is four blanks wide.
+  NkSFFloat spacing; ///< From baseline to baseline, in line heights of the font.
+  /// LEFT: the lines begin at x 0. RIGHT: they end where the widest one does, which begins at x 0. CENTER: their
+  /// middles lie at x 0.
+  NkSFEnum justification;
+  NkSFBitMask parts; ///< What is shown: the front at z 0, the back at z -1, the sides between them.
 
   NkText3();
 

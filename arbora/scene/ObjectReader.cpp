@@ -397,6 +397,12 @@ void ObjectReader::skipUnknownField(std::string_view name, std::size_t position)
   NkFieldContainer* container = enclosing();
   const NkFieldData* fields = fieldsOf(container);
   const bool hasChildren = m_open.back().hasChildren;
+  if (!hasChildren && isField(fields, name)) {
+    // The fields go on behind an error.
+    m_in.putBack(name);
+    fields->read(&m_in, container);
+    return;
+  }
   if (hasChildren && isField(fields, name))
     m_in.errorAt(position, "the field %s must stand ahead of the first child node", quoted(name).c_str());
   else if (container)

@@ -238,6 +238,7 @@ private:
   void forEachAuditor(const std::function<void(NkAuditor*)>& call);
   template <class Auditor, class Operation, class Component>
   bool callAuditorsOf(Operation operation, Component* component) {
+    if (getAuditorListLength() == 0) return false;
     const arbora::KeepAlive alive(component);
     bool isTold = false;
     forEachAuditor([&](NkAuditor* entry) {

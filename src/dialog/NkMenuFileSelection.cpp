@@ -8,9 +8,7 @@ NK_KIT_SOURCE(NkMenuFileSelection, NkMenuPushButton, "MenuFileSelection");
 NkMenuFileSelection::NkMenuFileSelection() {
   NK_KIT_CONSTRUCTOR(NkMenuFileSelection);
   NK_NODE_ADD_FIELD(title, (""));
-  NK_NODE_ADD_FIELD(filter, ("*.arb"));
-  filter.set1Value(1, "Arbora file");
-  filter.setDefault(true);
+  NK_NODE_ADD_FIELD(filter, (""));
   NK_NODE_ADD_FIELD(defaultFilter, (0));
   NK_NODE_ADD_FIELD(fileDirectory, ("."));
   NK_NODE_ADD_FIELD(filename, (""));
@@ -19,6 +17,8 @@ NkMenuFileSelection::NkMenuFileSelection() {
   NK_NODE_DEFINE_ENUM_VALUE(Mode, SAVE);
   NK_NODE_SET_SF_ENUM_TYPE(mode, Mode);
   NK_KIT_INIT_INSTANCE();
+  filter = "*.arb";
+  filter.set1Value(1, "Arbora file");
 }
 
 NkMenuFileSelection::~NkMenuFileSelection() = default;

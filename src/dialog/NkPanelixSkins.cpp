@@ -31,10 +31,19 @@ namespace {
 
 constexpr const char* kDirectories = "PANELIX_SKINS_DIR";
 
-// What asks for another skin while parts are exchanged, such as the handler of a message, gets it afterwards: until
-// then the parts bear no name that could be found.
-bool s_isExchanging = false;
+bool s_isReading = false;
 bool s_isChangeDue = false;
+
+/// Reads parts. What asks for another skin meanwhile, such as the search for the first one, the handler of a message or
+/// a sensor on a part, gets it afterwards: until then a part may bear its temporary name, or share its name.
+template <class Read>
+void readUndisturbed(Read&& read) {
+  const bool isOutermost = !std::exchange(s_isReading, true);
+  read();
+  if (!isOutermost) return;
+  s_isReading = false;
+  if (std::exchange(s_isChangeDue, false)) NkPanelix::change3DSkin();
+}
 
 NbString temporaryName(const NbString& partName) { return "_Rmx_Tmp_" + partName; }
 
@@ -159,9 +168,7 @@ void NkPanelix::readDefaultSkinsParts(const NbString& fileName, const char* buil
 
 void NkPanelix::useSkin(panelix::Skin& skin) {
   if (!skin.isFirstUse || skin.isLoaded) return;
-  // A skin that is found is read as a whole. To read the file once more would leave two nodes of each name.
-  findSkin();
-  if (!skin.isLoaded) readDefaultSkinsParts(skin.fileName, skin.builtInText);
+  readUndisturbed([&] { readDefaultSkinsParts(skin.fileName, skin.builtInText); });
   skin.isLoaded = 1;
   skin.isFirstUse = 0;
 }
@@ -193,19 +200,16 @@ void NkPanelix::load3DSkin(NbString partName) {
 }
 
 void NkPanelix::exchangeSkin(panelix::Skin& skin) {
-  if (s_isExchanging) {
+  if (s_isReading) {
     s_isChangeDue = true;
     return;
   }
-  // Ahead of all else, as it exchanges the parts, too.
-  findSkin();
-  s_isExchanging = true;
-  for (const char* partName : skin.partNames) free3DSkin(partName);
-  readDefaultSkinsParts(skin.fileName, skin.builtInText);
-  for (const char* partName : skin.partNames) load3DSkin(partName);
-  skin.isLoaded = 1;
-  s_isExchanging = false;
-  if (std::exchange(s_isChangeDue, false)) change3DSkin();
+  readUndisturbed([&] {
+    for (const char* partName : skin.partNames) free3DSkin(partName);
+    readDefaultSkinsParts(skin.fileName, skin.builtInText);
+    for (const char* partName : skin.partNames) load3DSkin(partName);
+    skin.isLoaded = 1;
+  });
 }
 
 void NkPanelix::change3DSkin() {

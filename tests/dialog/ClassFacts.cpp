@@ -64,7 +64,10 @@ SFFilePathString fileDirectory "."
 SFFilePathString filename ""
 SFEnum mode OPEN of Mode OPEN 1, SAVE 2
 )",
-     "", "", ""},
+     "", R"(
+filter [ "*.arb", "Arbora file" ], written
+)",
+     ""},
     {"MenuPushButtonLauncher", "MenuPushButton", "", "", "", "TopLevelDialog"},
     {"MenuRadioButtons", "MenuItem", R"(
 MFString items ""

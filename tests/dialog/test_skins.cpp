@@ -594,24 +594,73 @@ SKIN_TEST(ADragGoesOnWhileItsPartIsExchanged) {
   EXPECT_NEAR(dragger->translation.getValue()[0], 2, 1e-3);
 }
 
-SKIN_TEST(ASkinThatIsSetDuringAnExchangeFollowsIt) {
+/// Sets the skin "third" as soon as the first cube of a part is of that width, while "second" takes the place of
+/// "first".
+void setSkinDuringExchange(float width) {
   makeSkin("first", 2);
   makeSkin("second", 3);
+  makeSkin("third", 4);
   NkPanelix::setSkin("first");
   NkGroup* const frame = part("DialogCheckBoxFrame");
-  makeSkin("third", 4);
-  bool isSet = false;
+  struct Watch {
+    NkGroup* frame;
+    float width;
+    bool isDone = false;
+  } watch{frame, width};
   NkNodeSensor sensor(
       [](void* data, NkSensor*) {
-        if (!std::exchange(*static_cast<bool*>(data), true)) NkPanelix::setSkin("third");
+        auto& w = *static_cast<Watch*>(data);
+        if (widthOf(w.frame) == w.width && !std::exchange(w.isDone, true)) NkPanelix::setSkin("third");
       },
-      &isSet);
+      &watch);
   sensor.setPriority(0);
   sensor.attach(frame);
   NkPanelix::setSkin("second");
-  EXPECT_TRUE(isSet);
+  EXPECT_TRUE(watch.isDone);
   EXPECT_EQ(part("DialogCheckBoxFrame"), frame);
-  EXPECT_EQ(widthOf(frame), 4);
+  forEachPart([](const char* name) { EXPECT_EQ(countOf(name), 1) << name; });
+  for (const char* name : {"DialogCheckBoxFrame", "DialogCheckBoxStateOff", "DialogCheckBoxStateOn"})
+    EXPECT_EQ(widthOf(name), 4) << name;
+}
+
+SKIN_TEST(ASkinThatIsSetWhileAPartIsEmptyFollows) { setSkinDuringExchange(0); }
+
+SKIN_TEST(ASkinThatIsSetWhileAPartIsFilledFollows) { setSkinDuringExchange(3); }
+
+SKIN_TEST(TheHandlerOfAMessageMaySetAnotherSkin) {
+  makeSkin("holed", 2);
+  makeSkin("whole", 3);
+  std::filesystem::remove("holed/DialogCheckBox.arb");
+  NkPanelix::setSkin("whole");
+  NkGroup* const frame = part("DialogCheckBoxFrame");
+  void* data = nullptr;
+  NkDebugError::Handler* const handler = NkDebugError::setHandler(
+      [](int, const char*, const char*, void*) { NkPanelix::setSkin("whole"); }, nullptr, &data);
+  NkPanelix::setSkin("holed");
+  NkDebugError::setHandler(handler, data);
+  EXPECT_EQ(part("DialogCheckBoxFrame"), frame);
+  EXPECT_EQ(widthOf(frame), 3);
+  EXPECT_EQ(countOf("DialogCheckBoxFrame"), 1);
+}
+
+SKIN_TEST(AFirstUseDuringAnExchangeDoesntEndIt) {
+  PushButton::firstUse();
+  takeMessages();
+  NkGroup* const button = part("DialogPushButtonReleased");
+  makeSkin("mine", 2);
+  void* data = nullptr;
+  NkDebugError::Handler* const handler = NkDebugError::setHandler(
+      [](int, const char*, const char*, void*) {
+        NkDebugError::setHandler([](int, const char*, const char*, void*) {}, nullptr);
+        CheckBox::firstUse();
+        NkPanelix::setSkin("mine");
+      },
+      nullptr, &data);
+  NkDialogPushButton::change3DSkin();
+  NkDebugError::setHandler(handler, data);
+  EXPECT_EQ(part("DialogPushButtonReleased"), button);
+  EXPECT_EQ(widthOf(button), 1);
+  EXPECT_EQ(widthOf("DialogCheckBoxFrame"), 2);
   forEachPart([](const char* name) { EXPECT_EQ(countOf(name), 1) << name; });
 }
 

@@ -146,9 +146,9 @@ TEST_F(Text, JustificationMovesEachLine) {
   NkText3& node = text("aaaa");
   node.string.set1Value(1, "aa");
   node.justification = NkText3::RIGHT;
-  EXPECT_EQ(boxOf(node).getMin()[0], -16);
-  EXPECT_EQ(boxOf(node).getMax()[0], 0);
-  EXPECT_EQ(meshesOf(node)[4].offset, NbVec3f(-8, -10, 0));
+  EXPECT_EQ(boxOf(node).getMin()[0], 0);
+  EXPECT_EQ(boxOf(node).getMax()[0], 16);
+  EXPECT_EQ(meshesOf(node)[4].offset, NbVec3f(8, -10, 0));
   node.justification = NkText3::CENTER;
   EXPECT_EQ(boxOf(node).getMin()[0], -8);
   EXPECT_EQ(boxOf(node).getMax()[0], 8);

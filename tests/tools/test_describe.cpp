@@ -43,9 +43,9 @@ TEST(Describe, EachClassAndFieldHasItsMeaningAndNothingElseHas) {
                                             : nullptr);
       NkFieldList fields;
       node->getFields(fields);
-      for (int i = 0; i < fields.getLength(); ++i) {
+      for (const NkField* field : fields) {
         NbName name;
-        node->getFieldName(fields[i], name);
+        node->getFieldName(field, name);
         const bool isOwn = base ? !base->getField(name) : name != NbName("isActive");
         if (isOwn) expected.push_back(std::string(row.keyword) + "." + name.getString());
       }

@@ -1,11 +1,11 @@
 #include "tools/panelix/SceneFile.h"
 
-#include <algorithm>
+#include <unordered_set>
 
 #include "arbora/base/NbFileHelper.h"
 #include "arbora/base/NbMatrix.h"
 #include "arbora/base/NbViewportRegion.h"
-#include "arbora/scene/NkBaseKit.h"
+#include "arbora/scene/NkChildList.h"
 #include "arbora/scene/NkDB.h"
 #include "arbora/scene/NkDirectionalLight.h"
 #include "arbora/scene/NkGetMatrixAction.h"
@@ -47,25 +47,19 @@ SceneFile::~SceneFile() {
 }
 
 std::vector<arbora::Ref<NkNode>> SceneFile::findAll(NkType type) const {
-  const bool wereSearched = NkBaseKit::isSearchingChildren();
-  NkBaseKit::setSearchingChildren(true);
-  NkSearchAction search;
-  search.setType(type);
-  search.setInterest(NkSearchAction::ALL);
-  search.setSearchingAll(true);
-  search.apply(m_root.get());
-  NkBaseKit::setSearchingChildren(wereSearched);
-
-  std::vector<arbora::Ref<NkNode>> nodes;
-  for (int i = 0; i < search.getPaths().getLength(); ++i) {
-    nodes.emplace_back(search.getPaths()[i]->full()->getTail());
+  std::vector<arbora::Ref<NkNode>> found;
+  // Nodes, not the ways to them: a small file can hold more of these than anybody can follow.
+  std::unordered_set<const NkNode*> seen;
+  std::vector<NkNode*> open{m_root.get()};
+  while (!open.empty()) {
+    NkNode* const node = open.back();
+    open.pop_back();
+    if (!seen.insert(node).second) continue;
+    if (node->isOfType(type)) found.emplace_back(node);
+    const NkChildList* const children = node->getChildren();
+    for (int i = children ? children->getLength() : 0; i-- > 0;) open.push_back((*children)[i]);
   }
-  // A node that is used several times is found as often.
-  const auto before = [](const auto& a, const auto& b) { return std::less<>()(a.get(), b.get()); };
-  std::sort(nodes.begin(), nodes.end(), before);
-  const auto isSame = [](const auto& a, const auto& b) { return a.get() == b.get(); };
-  nodes.erase(std::unique(nodes.begin(), nodes.end(), isSame), nodes.end());
-  return nodes;
+  return found;
 }
 
 void SceneFile::addMissingCamera(const NbViewportRegion& viewport) {

@@ -1,13 +1,14 @@
 #pragma once
 
 // The part of the benchmark library that the programs use which run on Windows, too: the library isn't there for that
-// target. A program prints the median time of five runs of each benchmark.
+// target. A program prints the median processor time of five runs of each benchmark.
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <vector>
+
+#include "src/platform/Win32.h"
 
 namespace benchmark {
 
@@ -36,11 +37,20 @@ void DoNotOptimize(const T& value) {
 
 using Function = void (*)(State&);
 
+inline double processorSeconds() {
+  FILETIME created, exited, kernel, user;
+  GetProcessTimes(GetCurrentProcess(), &created, &exited, &kernel, &user);
+  const auto toSeconds = [](const FILETIME& time) {
+    return 429.4967296 * time.dwHighDateTime + 1e-7 * time.dwLowDateTime;
+  };
+  return toSeconds(kernel) + toSeconds(user);
+}
+
 inline double secondsOf(Function function, long iterations) {
   State state(iterations);
-  const auto start = std::chrono::steady_clock::now();
+  const double start = processorSeconds();
   function(state);
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  return processorSeconds() - start;
 }
 
 struct Benchmark {
@@ -48,7 +58,7 @@ struct Benchmark {
   Function function;
 
   void run() const {
-    constexpr double kShortestRun = 0.2; // seconds
+    constexpr double kShortestRun = 0.4; // seconds
     long iterations = 1;
     while (secondsOf(function, iterations) < kShortestRun) iterations *= 2;
     std::array<double, 5> times{};

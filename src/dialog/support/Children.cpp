@@ -89,11 +89,7 @@ std::string Children::locationOf(const char* operation) const {
 }
 
 void Children::postOutOfRange(const char* operation, const char* message, int index, int last) const {
-  const std::string location = locationOf(operation);
-  if (message == kOutOfRangeBeCareful)
-    NkDebugError::post(location.c_str(), kOutOfRangeBeCareful, index, 0, last);
-  else
-    NkDebugError::post(location.c_str(), kOutOfRange, index, 0, last);
+  NkDebugError::post(locationOf(operation).c_str(), message, index, 0, last);
 }
 
 // Ways through

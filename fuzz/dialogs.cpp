@@ -151,35 +151,26 @@ public:
   void step() {
     switch (m_bytes.below(12)) {
       case 0:
-      case 1:
-        makeTree();
+        changeTrees();
         break;
+      case 1:
       case 2:
-      case 3:
         writeOneField();
         break;
-      case 4:
-      case 5:
-      case 6:
-        changeChildren();
-        break;
-      case 7:
+      case 3:
         changeItems();
         break;
-      case 8:
+      case 4:
         changeAuditors();
         break;
-      case 9:
+      case 5:
         act();
         break;
-      case 10:
+      case 6:
         if (NkPanelix* node = anyTree()) checkFiles(node);
         break;
       default:
-        if (m_bytes.flag())
-          drop();
-        else
-          copy();
+        changeChildren();
     }
   }
 
@@ -219,11 +210,13 @@ private:
     m_isInterfering = false;
   }
 
-  /// The first of a few components is a whole dialog, so that there is something to fill.
-  void makeTree() {
-    const bool isFirst = m_nodes.empty();
-    if (m_nodes.size() >= kMostTrees) return;
-    if (NkPanelix* node = make(isFirst ? NkTopLevelDialog::getClassTypeId() : NkPanelix::getClassTypeId())) keep(node);
+  void changeTrees() {
+    // The first one is a whole dialog, so that there is something to fill.
+    const NkType type = m_nodes.empty() ? NkTopLevelDialog::getClassTypeId() : NkPanelix::getClassTypeId();
+    if (m_nodes.size() == kMostTrees)
+      drop();
+    else if (NkPanelix* node = m_bytes.below(4) != 0 ? make(type) : copyAny())
+      m_nodes.emplace_back(node);
   }
 
   /// One that stands by itself.
@@ -255,8 +248,6 @@ private:
 
   bool hasRoom() const { return NkBase::getLiveCount() < m_before + kMostNodes; }
 
-  void keep(NkBase* node) { m_nodes.emplace_back(static_cast<NkPanelix*>(node)); }
-
   /// A new component of a class that derives from `base`; NULL if there are enough.
   NkPanelix* make(NkType base) {
     if (!hasRoom()) return nullptr;
@@ -266,9 +257,9 @@ private:
     return static_cast<NkPanelix*>(type.createInstance());
   }
 
-  void copy() {
+  NkPanelix* copyAny() {
     NkPanelix* node = any();
-    if (node && hasRoom() && m_nodes.size() < kMostTrees) keep(node->copy());
+    return node && hasRoom() ? static_cast<NkPanelix*>(node->copy()) : nullptr;
   }
 
   void drop() {
@@ -309,33 +300,31 @@ private:
     if (!canTake(&container, child)) return;
     const int count = container.getNumChildren();
     const int index = m_bytes.below(count + 2) - (m_bytes.below(16) == 0 ? 1 : 0);
-    switch (m_bytes.below(10)) {
+    switch (m_bytes.below(16)) {
       case 0:
       case 1:
       case 2:
-      case 3:
-        container.addChild(child);
-        break;
-      case 4:
         container.insertChild(child, index);
         break;
-      case 5:
+      case 3:
+      case 4:
         container.replaceChild(index, child);
         break;
-      case 6:
+      case 5:
         container.removeChild(index);
         break;
-      case 7:
+      case 6:
         container.removeChild(child);
         break;
-      case 8:
-        if (index >= 0 && index < count && container.findChild(container.getChild(index)) > index) std::abort();
+      case 7:
+        if (m_bytes.below(8) == 0) container.removeAllChildren();
         break;
       default:
-        if (m_bytes.below(4) == 0) container.removeAllChildren();
+        container.addChild(child);
     }
     for (int i = 0; i < container.getNumChildren(); ++i) {
-      if (!container.getChild(i)) std::abort();
+      const int found = container.findChild(container.getChild(i));
+      if (found < 0 || found > i) std::abort();
     }
   }
 

@@ -10,9 +10,9 @@ class PANELIX_API NkDialogCheckBox : public NkDialogComponent {
   NK_SKIN_HEADER(DialogCheckBox);
 
 public:
-  NkSFBool state;        ///< Checked. FALSE.
-  NkSFString onString;   ///< Caption when checked, and otherwise too if there is no `offString`. Empty.
-  NkSFString offString;  ///< Caption when not checked. Empty.
+  NkSFBool state;       ///< Checked. FALSE.
+  NkSFString onString;  ///< Caption when checked, and otherwise too if there is no `offString`. Empty.
+  NkSFString offString; ///< Caption when not checked. Empty.
 
   NkDialogCheckBox();
 

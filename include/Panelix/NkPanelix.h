@@ -222,7 +222,7 @@ protected:
   /// Writes the kit's scene as text, for a look at it.
   void writeNode(const char* fileName);
 
-  static HFONT m_font;             ///< Of all windows; the application's or the system's.
+  static HFONT m_font;            ///< Of all windows; the application's or the system's.
   static NkPanelix* m_lastActive; ///< Holds the 3D input; not owned.
 
   int m_built2D = 0;             ///< What `buildWidget` was called with; 0 without a 2D form.

@@ -37,23 +37,22 @@ void NkDialogCheckBox::applyDlgCptAuditor() { tellAuditors(&NkDialogCheckBoxAudi
 
 // Skin
 
-const char* NkDialogCheckBox::DialogCheckBox =
-    "DEF DialogCheckBoxFrame Group {"
-    "  Material { diffuseColor 0.7 0.7 0.7 }"
-    "  Translation { translation 0 0 0.5 }"
-    "  Cube { width 1 height 1 depth 1}"
-    "  Translation { translation 0 0 0.5 }"
-    "}"
-    "DEF DialogCheckBoxStateOff Group {"
-    "  Material { diffuseColor 1 1 1 }"
-    "  Translation { translation 0 0 0.5 }"
-    "  Cube { width 1 height 1 depth 1}"
-    "}"
-    "DEF DialogCheckBoxStateOn Group { "
-    "  Material { diffuseColor 0 0 0 }"
-    "  Translation { translation 0 0 0.5 }"
-    "  Cube { width 1 height 1 depth 1}"
-    "}";
+const char* NkDialogCheckBox::DialogCheckBox = "DEF DialogCheckBoxFrame Group {"
+                                               "  Material { diffuseColor 0.7 0.7 0.7 }"
+                                               "  Translation { translation 0 0 0.5 }"
+                                               "  Cube { width 1 height 1 depth 1}"
+                                               "  Translation { translation 0 0 0.5 }"
+                                               "}"
+                                               "DEF DialogCheckBoxStateOff Group {"
+                                               "  Material { diffuseColor 1 1 1 }"
+                                               "  Translation { translation 0 0 0.5 }"
+                                               "  Cube { width 1 height 1 depth 1}"
+                                               "}"
+                                               "DEF DialogCheckBoxStateOn Group { "
+                                               "  Material { diffuseColor 0 0 0 }"
+                                               "  Translation { translation 0 0 0.5 }"
+                                               "  Cube { width 1 height 1 depth 1}"
+                                               "}";
 
 NK_SKIN_SOURCE(NkDialogCheckBox, DialogCheckBox, "DialogCheckBoxFrame", "DialogCheckBoxStateOff",
                "DialogCheckBoxStateOn");

@@ -34,25 +34,24 @@ NkDialogComponent::~NkDialogComponent() = default;
 
 // Skin
 
-const char* NkDialogComponent::DialogComponent =
-    "DEF DialogComponentEdgeStyleNone Group {"
-    "  Material { diffuseColor 0.75 0.75 0.75}"
-    "  Translation { translation 0 0 0.5 }"
-    "  Cube { width 1 height 1 depth 1 }"
-    "  Translation { translation 0 0 0.5 }"
-    "}"
-    "DEF DialogComponentEdgeStyleShadowIn Group {"
-    "  Material { diffuseColor 0.5 0.5 0.5 }"
-    "  Translation { translation 0 0 0.5 }"
-    "  Cube { width 1 height 1 depth 1 }"
-    "  Translation { translation 0 0 0.5 }"
-    "}"
-    "DEF DialogComponentEdgeStyleShadowOut Group {"
-    "  Material { diffuseColor 0.8 0.8 0.8 }"
-    "  Translation { translation 0 0 0.5 }"
-    "  Cube { width 1 height 1 depth 1 }"
-    "  Translation { translation 0 0 0.5 }"
-    "}";
+const char* NkDialogComponent::DialogComponent = "DEF DialogComponentEdgeStyleNone Group {"
+                                                 "  Material { diffuseColor 0.75 0.75 0.75}"
+                                                 "  Translation { translation 0 0 0.5 }"
+                                                 "  Cube { width 1 height 1 depth 1 }"
+                                                 "  Translation { translation 0 0 0.5 }"
+                                                 "}"
+                                                 "DEF DialogComponentEdgeStyleShadowIn Group {"
+                                                 "  Material { diffuseColor 0.5 0.5 0.5 }"
+                                                 "  Translation { translation 0 0 0.5 }"
+                                                 "  Cube { width 1 height 1 depth 1 }"
+                                                 "  Translation { translation 0 0 0.5 }"
+                                                 "}"
+                                                 "DEF DialogComponentEdgeStyleShadowOut Group {"
+                                                 "  Material { diffuseColor 0.8 0.8 0.8 }"
+                                                 "  Translation { translation 0 0 0.5 }"
+                                                 "  Cube { width 1 height 1 depth 1 }"
+                                                 "  Translation { translation 0 0 0.5 }"
+                                                 "}";
 
 NK_SKIN_SOURCE(NkDialogComponent, DialogComponent, "DialogComponentEdgeStyleNone", "DialogComponentEdgeStyleShadowIn",
                "DialogComponentEdgeStyleShadowOut");

@@ -80,6 +80,23 @@ TEST_F(Library, EachInitHoldsTheSceneLibrary) {
   NkPanelix::finish();
 }
 
+TEST_F(Library, EachFinishGivesTheSceneLibraryUp) {
+  NkPanelix::init();
+  NkPanelix::init();
+  NkPanelix::finish();
+  NkPanelix::finish();
+  // What the fixture holds is the last.
+  NkInteraction::finish();
+  NkNodeKit::finish();
+  NkDB::finish();
+  EXPECT_FALSE(NkInteraction::isInitialized());
+  EXPECT_FALSE(NkNodeKit::isInitialized());
+  EXPECT_FALSE(NkDB::isInitialized());
+  NkDB::init();
+  NkNodeKit::init();
+  NkInteraction::init();
+}
+
 TEST_F(Library, StartsAfreshAfterTheEnd) {
   const int before = numTypes();
   for (int i = 0; i < 1000; ++i) {

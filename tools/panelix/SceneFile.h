@@ -24,7 +24,8 @@ public:
   /// NULL after an error.
   NkSeparator* root() const { return m_root.get(); }
 
-  /// All nodes of a type and of those derived from it, also in switches and inside of kits; each once, in the order of the file.
+  /// All nodes of a type and of those derived from it, also in switches and inside of kits; each once, in the order of
+  /// the file.
   std::vector<arbora::Ref<NkNode>> findAll(NkType type) const;
 
   /// Puts a camera ahead of a scene without one: it sees all of the scene, from a little above and to the right.

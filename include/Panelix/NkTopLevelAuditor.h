@@ -3,4 +3,4 @@
 #include "Panelix/NkDialogAuditor.h"
 
 /// Auditor of last resort of a top-level dialog.
-class PANELIX_API NkTopLevelAuditor : public NkDialogAuditor {};
+class NkTopLevelAuditor : public NkDialogAuditor {};

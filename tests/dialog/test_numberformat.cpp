@@ -102,3 +102,18 @@ TEST(NumberFormat, TakesAnyText) {
   }
   EXPECT_GT(accepted, 1000) << "few formats of the test mean anything";
 }
+
+TEST(NumberFormat, KnowsWhatFitsANumber) {
+  for (const char* format : {"%f", "%.3f", "%lf", "a %+08.2e b", "%g%%"}) {
+    EXPECT_TRUE(panelix::isRealFormat(format)) << format;
+    EXPECT_FALSE(panelix::isIntegerFormat(format)) << format;
+  }
+  for (const char* format : {"%d", "%5d", "%i", "no. %03u", "%x", "%d%%"}) {
+    EXPECT_TRUE(panelix::isIntegerFormat(format)) << format;
+    EXPECT_FALSE(panelix::isRealFormat(format)) << format;
+  }
+  for (const char* format : {"", "%", "%%", "%s", "%n", "%ld", "%d%d", "%f%f", "%d%f", "%*d"}) {
+    EXPECT_FALSE(panelix::isRealFormat(format)) << format;
+    EXPECT_FALSE(panelix::isIntegerFormat(format)) << format;
+  }
+}

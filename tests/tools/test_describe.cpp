@@ -143,15 +143,15 @@ TEST(Describe, AmongAllClassesOtherDefaultsAreTold) {
 }
 
 TEST(Describe, AnUnknownClassIsToldWithTheOneThatIsMeant) {
-  const Result near = runPanelix({"describe", "DialogChekBox"});
-  EXPECT_EQ(near.exitCode, 2);
-  EXPECT_EQ(near.out, "");
-  EXPECT_EQ(near.err, "panelix: error: the toolkit has no class 'DialogChekBox'; did you mean 'DialogCheckBox'?\n");
+  const Result misspelt = runPanelix({"describe", "DialogChekBox"});
+  EXPECT_EQ(misspelt.exitCode, 2);
+  EXPECT_EQ(misspelt.out, "");
+  EXPECT_EQ(misspelt.err, "panelix: error: the toolkit has no class 'DialogChekBox'; did you mean 'DialogCheckBox'?\n");
   // One of the scene library.
-  const Result far = runPanelix({"describe", "Cube", "--json"});
-  EXPECT_EQ(far.exitCode, 2);
-  EXPECT_EQ(far.out, "");
-  EXPECT_EQ(far.err, "panelix: error: the toolkit has no class 'Cube'\n");
+  const Result foreign = runPanelix({"describe", "Cube", "--json"});
+  EXPECT_EQ(foreign.exitCode, 2);
+  EXPECT_EQ(foreign.out, "");
+  EXPECT_EQ(foreign.err, "panelix: error: the toolkit has no class 'Cube'\n");
   EXPECT_EQ(runPanelix({"describe", "MenuBar", "MenuItem"}).exitCode, 2);
 }
 

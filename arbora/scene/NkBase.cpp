@@ -1,18 +1,21 @@
 #include "arbora/scene/NkBase.h"
 
+#include <atomic>
+
 #include "arbora/scene/NameTable.h"
 
 NkType NkBase::s_classTypeId;
 
 namespace {
-int s_liveCount = 0;
-}
+// Nodes are made on any thread.
+std::atomic<int> s_liveCount = 0;
+} // namespace
 
-NkBase::NkBase() { ++s_liveCount; }
+NkBase::NkBase() { s_liveCount.fetch_add(1, std::memory_order_relaxed); }
 
 NkBase::~NkBase() {
   if (!!m_name) arbora::NameTable::get().remove(m_name, this);
-  --s_liveCount;
+  s_liveCount.fetch_sub(1, std::memory_order_relaxed);
 }
 
 NkType NkBase::getClassTypeId() { return s_classTypeId; }

@@ -16,6 +16,7 @@ struct ContainerRules {
   const char* getChildMessage; ///< What `getChild` posts for an index that is too large.
   bool takesOtherNodes;        ///< The kit's own operations give nodes of other types to the kit.
   bool staysAloneInCluster;    ///< For the other processes of a cluster it is written without its children.
+  bool endsAtNumber = false;   ///< The range that `getChild` posts ends with the number of children.
 };
 
 inline constexpr const char* kNullChild = "NULL child node";

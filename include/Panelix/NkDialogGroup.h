@@ -2,6 +2,7 @@
 
 #include "Panelix/Container.h"
 #include "Panelix/NkDialogComponent.h"
+#include "Panelix/SizeDatabase.h"
 
 class NkDialogAuditor;
 
@@ -27,8 +28,50 @@ public:
   /// The first component below, in the order of the file, with that `auditorID`; NULL if there is none.
   NkPanelix* searchForAuditorId(NbString id);
 
+  void getBoundingBox(NkGetBoundingBoxAction* action) override;
+
+  void buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& position, int is2D) override;
+  void destroyWidget() override;
   void applyAuditor(NkPanelix* source) override;
+  void resetSize() override;
+  void changeEnable() override;
+  void show3D(int on) override;
+  void change3DPosition() override;
+  void change3DWidgetEnable(int on) override;
+  void change3DEnable() override;
+  void getSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) override;
+  void setLabelSize(NbVec2i32& size) override;
+  void setComponentSize(NbVec2i32& size) override;
+  NbVec2i32 getComponentInitSize() override;
+  NbVec2i32 getLabelInitSize() override;
+  void changeWidgetEnable(int on) override;
+
+  /// Makes a size of the content one of the group with factor 1, and the reverse with -1. In pixels; with 1 what is
+  /// unbounded stays so.
+  virtual void fixSizeWithBorder(NbVec2i32& size, int factor);
+  /// Hands the sizes of the two areas down to the children.
+  virtual void setChildrenComponentSize();
+  virtual void setChildrenLabelSize();
+
+  /// The tree below changed after it was built: forgets all sizes and goes on upwards to the dialog, which is built
+  /// anew.
+  void updateAfterSceneGraphChange();
 
 protected:
   ~NkDialogGroup() override;
+
+  void afterChange(Change change, NkDialogComponent* child, int index) override;
+  /// Decides the scroll bars.
+  void setScrollProperties();
+  /// Moves the children, placed anew, to where the scroll bars say.
+  void updateGroupWidgetScrollPosition();
+  void updateChildrenSizeDB();
+
+  panelix::SizeDatabase m_sizes;
+
+private:
+  int m_hScrollOn = 0; // The bar shows.
+  int m_vScrollOn = 0;
+  int m_holdUpdates = 1; // Until the first build.
+  std::unique_ptr<NkDialogAuditor> m_defaultAuditor;
 };

@@ -16,6 +16,9 @@ public:
   /// The nearest bar above; NULL if there is none.
   NkMenuBar* getMenuBar() const;
 
+  /// The user chose the entry in a native menu: `menu` is its HMENU, `id` the command.
+  virtual void menuEvent(void* menu, int id);
+
 protected:
   ~NkMenuItem() override;
 

@@ -6,7 +6,7 @@ NK_KIT_SOURCE(NkDialogCheckBoxLauncher, NkDialogCheckBox, "DialogCheckBoxLaunche
 
 namespace {
 
-constexpr panelix::ContainerRules kRules{"NkDialogCheckBoxLauncher", panelix::kOutOfRangeBeCareful, false, false};
+constexpr panelix::ContainerRules kRules{"NkDialogCheckBoxLauncher", panelix::kOutOfRangeBeCareful, false, false, true};
 
 } // namespace
 

@@ -1,7 +1,28 @@
 #include "Panelix/NkDialogComponent.h"
 
+#include <algorithm>
+
+#include "Panelix/NkColumnDialog.h"
+#include "Panelix/NkDialogGroup.h"
+#include "Panelix/NkRowDialog.h"
+#include "Panelix/NkTabDialog.h"
+#include "Panelix/Sizes.h"
+#include "arbora/scene/NkGetBoundingBoxAction.h"
+#include "arbora/scene/NkMaterial.h"
+#include "arbora/scene/NkPickStyle.h"
+#include "arbora/scene/NkRayPickAction.h"
+#include "arbora/scene/NkScale.h"
 #include "arbora/scene/NkSeparator.h"
 #include "arbora/scene/NkSwitch.h"
+#include "arbora/scene/NkTransform.h"
+#include "arbora/scene/NkTranslation.h"
+#include "arbora/win/NkWin.h"
+#include "src/dialog/support/SensorPause.h"
+#include "src/dialog/support/Windows.h"
+
+using panelix::addSaturating;
+using panelix::SizeTriple;
+using panelix::writeChange;
 
 NK_KIT_SOURCE(NkDialogComponent, NkTopComponent, "DialogComponent");
 
@@ -30,7 +51,375 @@ NkDialogComponent::NkDialogComponent() {
   NK_KIT_INIT_INSTANCE();
 }
 
-NkDialogComponent::~NkDialogComponent() = default;
+NkDialogComponent::~NkDialogComponent() {
+  if (!existWidget(m_widget)) return;
+  // What the window says while it goes finds no component any more.
+  SetWindowLongPtrA(m_widget, GWLP_USERDATA, 0);
+  DestroyWindow(m_widget);
+}
+
+// Sizes
+
+SizeTriple NkDialogComponent::sizeFields() const {
+  return {NbVec2i32(width.getValue(), height.getValue()), NbVec2i32(minWidth.getValue(), minHeight.getValue()),
+          NbVec2i32(maxWidth.getValue(), maxHeight.getValue())};
+}
+
+void NkDialogComponent::holdFixed(SizeTriple& triple) const {
+  if (fixedWidth.getValue()) triple.min[0] = triple.max[0] = triple.size[0];
+  if (fixedHeight.getValue()) triple.min[1] = triple.max[1] = triple.size[1];
+}
+
+void NkDialogComponent::getSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) {
+  SizeTriple triple = sizeFields();
+  panelix::fillAndClamp(triple, [this] {
+    SizeTriple standard;
+    getDefaultSize(standard.size, standard.min, standard.max);
+    return standard;
+  });
+  holdFixed(triple);
+  size = triple.size;
+  min = triple.min;
+  max = triple.max;
+}
+
+void NkDialogComponent::getDefaultSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) {
+  size = NbVec2i32(200, 28);
+  min = NbVec2i32(25, 25);
+  max = NbVec2i32(panelix::kUnbounded, panelix::kUnbounded);
+}
+
+void NkDialogComponent::setLabelSize(NbVec2i32& size) { m_labelSize = size; }
+
+void NkDialogComponent::setComponentSize(NbVec2i32& size) { m_componentSize = size; }
+
+NbVec2i32 NkDialogComponent::getComponentInitSize() { return NbVec2i32(0, 0); }
+
+NbVec2i32 NkDialogComponent::getLabelInitSize() {
+  m_labelInitSize = getLabelPixelSize(label.getValue(), nullptr);
+  return m_labelInitSize;
+}
+
+void NkDialogComponent::setSize(const SizeTriple& triple) {
+  writeChange(m_widthSensor, width, triple.size[0]);
+  writeChange(m_heightSensor, height, triple.size[1]);
+  writeChange(m_minWidthSensor, minWidth, triple.min[0]);
+  writeChange(m_minHeightSensor, minHeight, triple.min[1]);
+  writeChange(m_maxWidthSensor, maxWidth, triple.max[0]);
+  writeChange(m_maxHeightSensor, maxHeight, triple.max[1]);
+}
+
+void NkDialogComponent::setDefaultState() {
+  // Negotiated sizes don't go into files.
+  if (m_defaultState.size[0] == 0) width.setDefault(true);
+  if (m_defaultState.size[1] == 0) height.setDefault(true);
+  if (m_defaultState.min[0] == 0 || fixedWidth.getValue()) minWidth.setDefault(true);
+  if (m_defaultState.min[1] == 0 || fixedHeight.getValue()) minHeight.setDefault(true);
+  if (m_defaultState.max[0] == 0 || maxWidth.getValue() == panelix::kUnbounded || fixedWidth.getValue())
+    maxWidth.setDefault(true);
+  if (m_defaultState.max[1] == 0 || maxHeight.getValue() == panelix::kUnbounded || fixedHeight.getValue())
+    maxHeight.setDefault(true);
+}
+
+void NkDialogComponent::getDefaultState(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) const {
+  size = m_defaultState.size;
+  min = m_defaultState.min;
+  max = m_defaultState.max;
+}
+
+void NkDialogComponent::resetSize() {
+  m_componentInitSize = NbVec2i32(-1, -1);
+  m_labelInitSize = m_labelSize = m_componentSize = NbVec2i32(0, 0);
+  height = 0;
+  width = 0;
+}
+
+void NkDialogComponent::changeWidth() { m_defaultState.size[0] = width.getValue(); }
+
+void NkDialogComponent::changeHeight() { m_defaultState.size[1] = height.getValue(); }
+
+void NkDialogComponent::changeMinMaxSize() {
+  const SizeTriple fields = sizeFields();
+  m_defaultState.min = fields.min;
+  m_defaultState.max = fields.max;
+}
+
+// Building
+
+void NkDialogComponent::buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& position, int is2D) {
+  const arbora::KeepAlive alive(this);
+  NkTopComponent::buildWidget(parent, size, position, is2D);
+  if (!m_parent) {
+    NbVec2i32 labelSize = getLabelInitSize();
+    setLabelSize(labelSize);
+    const NbVec2i32 natural = getComponentInitSize();
+    const int labelHeight = labelVisibility.getValue() ? getLabelInitSize()[1] : 0;
+    NbVec2i32 componentSize(std::max(natural[0], 0), std::max(natural[1], labelHeight));
+    setComponentSize(componentSize);
+  }
+  SizeTriple triple;
+  getSize(triple.size, triple.min, triple.max);
+  for (int axis = 0; axis < 2; ++axis) {
+    if (size[axis] != 0) triple.size[axis] = panelix::clampMinWins(size[axis], triple.min[axis], triple.max[axis]);
+  }
+  holdFixed(triple);
+  if (m_firstBuild) m_defaultState = sizeFields();
+  setSize(triple);
+  setDefaultState();
+  m_position = position;
+  if (is2D) {
+    if (!existWidget(m_widget)) {
+      createComponentWidget(parent);
+      m_firstBuild = 0;
+    }
+    updateComponentWidget();
+  } else {
+    if (!isBuilt3D()) {
+      create3DDialogComponent();
+      m_firstBuild = 0;
+    }
+    update3DDialogComponent();
+  }
+  if (m_maxHeightSensor) return;
+  attachSensor(m_labelVisibilitySensor, labelVisibility);
+  attachSensor(m_edgeStyleSensor, edgeStyle);
+  attachSensor(m_widthSensor, width);
+  attachSensor(m_heightSensor, height);
+  attachSensor(m_minWidthSensor, minWidth);
+  attachSensor(m_minHeightSensor, minHeight);
+  attachSensor(m_maxWidthSensor, maxWidth);
+  attachSensor(m_maxHeightSensor, maxHeight);
+}
+
+void NkDialogComponent::updateFromSensor(NkSensor* sensor) {
+  const arbora::KeepAlive alive(this);
+  const bool in2D = m_built2D != 0;
+  const bool in3D = isBuilt3D() && canBeTraversed();
+  if (sensor == m_labelVisibilitySensor.get()) {
+    if (in2D) changeLabelVisibility();
+    if (in3D) change3DLabelVisibility();
+  } else if (sensor == m_edgeStyleSensor.get()) {
+    if (in2D) changeEdgeStyle();
+    if (in3D) change3DEdgeStyle();
+  } else if (sensor == m_widthSensor.get()) {
+    changeWidth();
+  } else if (sensor == m_heightSensor.get()) {
+    changeHeight();
+  } else if (sensor == m_minWidthSensor.get() || sensor == m_minHeightSensor.get() ||
+             sensor == m_maxWidthSensor.get() || sensor == m_maxHeightSensor.get()) {
+    changeMinMaxSize();
+  } else {
+    NkTopComponent::updateFromSensor(sensor);
+  }
+}
+
+// 2D form
+
+namespace {
+
+/// Between the label and the component area.
+constexpr int kGap = 2;
+/// From the centre line of the 3D form's border to its outer edge.
+constexpr int kInset3D = 3;
+
+DWORD extendedStyleOf(int edgeStyle) {
+  DWORD style = WS_EX_CONTROLPARENT;
+  if (edgeStyle == NkDialogComponent::SHADOW_IN) style |= WS_EX_STATICEDGE;
+  if (edgeStyle == NkDialogComponent::SHADOW_OUT) style |= WS_EX_DLGMODALFRAME;
+  return style;
+}
+
+LRESULT CALLBACK frameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  auto* component = reinterpret_cast<NkDialogComponent*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  if (!component) return DefWindowProcA(window, message, wParam, lParam);
+  // Whatever hears of the message may end the component.
+  const arbora::KeepAlive alive(component);
+  switch (message) {
+    case WM_DRAWITEM:
+      if (component->isOfType(NkTabDialog::getClassTypeId()))
+        component->eventNotify(WM_DRAWITEM, static_cast<std::uint64_t>(lParam));
+      return 0;
+    case WM_NOTIFY:
+      component->eventNotify(WM_NOTIFY, static_cast<std::uint64_t>(lParam));
+      return 0;
+    case WM_COMMAND:
+      component->eventNotify(HIWORD(wParam), static_cast<std::uint64_t>(lParam));
+      return 0;
+    case WM_HSCROLL:
+      component->eventNotify(WM_HSCROLL, wParam);
+      panelix::scroll(window, SB_HORZ, LOWORD(wParam));
+      return 0;
+    case WM_VSCROLL:
+      panelix::scroll(window, SB_VERT, LOWORD(wParam));
+      return 0;
+    default:
+      return DefWindowProcA(window, message, wParam, lParam);
+  }
+}
+
+const panelix::WindowClass kFrameClass{"NkDialogComponent", CS_PARENTDC | CS_HREDRAW | CS_VREDRAW, frameProcedure,
+                                       IDC_ARROW, nullptr};
+constexpr const char* kErrorTitle = "NkDialogComponent Error";
+
+} // namespace
+
+void NkDialogComponent::createComponentWidget(HWND parent) {
+  const NbString className = panelix::useWindowClass(kFrameClass, kErrorTitle, "RegisterClass failed");
+  m_widget = CreateWindowExA(extendedStyleOf(edgeStyle.getValue()), className.toLatin1().c_str(), "NkDialogComponent",
+                             WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, 0, 0, 0, 0, parent, nullptr,
+                             NkWin::getInstance(), nullptr);
+  if (!IsWindow(m_widget)) NkWin::createSimpleErrorDialog(nullptr, kErrorTitle, "CreateWindow failed", nullptr);
+  setWidgetFont(m_widget);
+  SetWindowLongPtrA(m_widget, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  if (isOfType(NkDialogGroup::getClassTypeId())) SendMessageA(m_widget, WM_CREATE, 0, 0);
+  EnableWindow(m_widget, enable.getValue());
+}
+
+void NkDialogComponent::updateComponentWidget() {
+  SetWindowPos(m_widget, nullptr, m_position[0], m_position[1], width.getValue(), height.getValue(), SWP_DEFERERASE);
+}
+
+void NkDialogComponent::destroyWidget() {
+  if (m_built2D && existWidget(m_widget)) {
+    DestroyWindow(m_widget);
+    m_widget = nullptr;
+  }
+  NkTopComponent::destroyWidget();
+}
+
+HWND NkDialogComponent::getLabelWidget() { return nullptr; }
+
+void NkDialogComponent::setFocus() {}
+
+void NkDialogComponent::get2DComponentSize(NbVec2i32& size, NbVec2i32& position) const {
+  const int inset = edgeInset();
+  size = sizeInBorder();
+  position = NbVec2i32(inset, inset);
+  if (!labelVisibility.getValue()) return;
+  const long long taken = static_cast<long long>(m_labelSize[0]) + kGap;
+  position[0] = addSaturating(position[0], taken);
+  size[0] = addSaturating(size[0], -taken);
+}
+
+NbVec2i32 NkDialogComponent::sizeInBorder() const {
+  return NbVec2i32(addSaturating(width.getValue(), -kBorder), addSaturating(height.getValue(), -kBorder));
+}
+
+int NkDialogComponent::edgeInset() const {
+  switch (edgeStyle.getValue()) {
+    case SHADOW_IN:
+      return 2;
+    case SHADOW_OUT:
+      return 0;
+    default:
+      return 3;
+  }
+}
+
+void NkDialogComponent::changeEnable() { EnableWindow(m_widget, enable.getValue()); }
+
+void NkDialogComponent::changeWidgetEnable(int on) { EnableWindow(m_widget, on && enable.getValue()); }
+
+void NkDialogComponent::changeLabelVisibility() {}
+
+void NkDialogComponent::changeEdgeStyle() {
+  SetWindowLongPtrA(m_widget, GWL_EXSTYLE, static_cast<LONG_PTR>(extendedStyleOf(edgeStyle.getValue())));
+  SetWindowPos(m_widget, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_FRAMECHANGED);
+  updateComponentWidget();
+}
+
+// 3D form
+
+bool NkDialogComponent::isStack() const {
+  return isOfType(NkColumnDialog::getClassTypeId()) || isOfType(NkRowDialog::getClassTypeId());
+}
+
+void NkDialogComponent::create3DDialogComponent() {
+  loadFontProperties();
+  useSkin(s_skin);
+  setPartAsDefault("edgeStyleNone", "DialogComponentEdgeStyleNone", true);
+  setPartAsDefault("edgeStyleShadowIn", "DialogComponentEdgeStyleShadowIn", true);
+  setPartAsDefault("edgeStyleShadowOut", "DialogComponentEdgeStyleShadowOut", true);
+  m_scale3D = arbora::Ref<NkScale>(new NkScale);
+  static_cast<NkGroup*>(getAnyPart("mainCptSeparator", true))->insertChild(m_scale3D.get(), 0);
+  auto* geometry = static_cast<NkGroup*>(getAnyPart("geomSwitch", true));
+  m_translation3D = arbora::Ref<NkTranslation>(new NkTranslation);
+  geometry->insertChild(m_translation3D.get(), 0);
+  geometry->insertChild(m_pickStyle.get(), 0);
+  geometry->insertChild(m_disableMaterial.get(), 0);
+  // The children of a stack stand in the space of the stack itself.
+  if (!isStack()) {
+    m_transform3D = arbora::Ref<NkTransform>(new NkTransform);
+    geometry->addChild(m_transform3D.get());
+  }
+  setSwitchValue(edgeStyleSwitch.getValue(), edgeStyle.getValue());
+  apply3DParentTranslation();
+  m_depth3D = kDepthNotMeasured;
+  // Its own part of being disabled; what it holds isn't built yet.
+  if (!enable.getValue()) NkPanelix::change3DEnable();
+  show3D(1);
+  setBuilt3D(1);
+}
+
+void NkDialogComponent::update3DDialogComponent() {
+  NbVec3f offset(0, 0, 0);
+  auto* parent = dynamic_cast<NkDialogComponent*>(m_parent);
+  if (parent && parent->canBeTraversed() && (parent->isStack() || parent->isOfType(NkTabDialog::getClassTypeId()))) {
+    // From the parent's centre to its upper left corner.
+    if (parent->m_translation3D) offset = parent->m_translation3D->translation.getValue();
+    offset += NbVec3f(-static_cast<float>(parent->width.getValue()) / 2,
+                      static_cast<float>(parent->height.getValue()) / 2, 0);
+  }
+  const auto w = static_cast<float>(width.getValue());
+  const auto h = static_cast<float>(height.getValue());
+  const auto x = static_cast<float>(m_position[0]);
+  const auto y = static_cast<float>(m_position[1]);
+  writeChange(m_translation3D->translation, NbVec3f(x + w / 2 + offset[0], -y - h / 2 + offset[1], offset[2]));
+  writeChange(m_scale3D->scaleFactor, NbVec3f(w, h, 1));
+  NkNode* content = mainCptSeparator.getValue();
+  if (!m_transform3D || m_measuredFrame == content->getNodeId()) return;
+  undoTransformMatrix(content, m_transform3D.get());
+  m_measuredFrame = content->getNodeId();
+}
+
+void NkDialogComponent::get3DComponentSize(NbVec2i32& size, NbVec2i32& position) const {
+  size = sizeInBorder();
+  double x = kInset3D;
+  if (labelVisibility.getValue()) {
+    const long long taken = static_cast<long long>(m_labelSize[0]) + kGap;
+    x += static_cast<double>(taken);
+    size[0] = addSaturating(size[0], -taken);
+  }
+  position = NbVec2i32(panelix::truncated(x + size[0] / 2.0 - width.getValue() / 2.0), 0);
+}
+
+void NkDialogComponent::change3DLabelVisibility() {}
+
+void NkDialogComponent::change3DEdgeStyle() { setSwitchValue(edgeStyleSwitch.getValue(), edgeStyle.getValue()); }
+
+void NkDialogComponent::getBoundingBox(NkGetBoundingBoxAction* action) {
+  if (!isBuilt3D()) {
+    const bool wasEnabled = enableNotify(false);
+    // A dialog without a 3D form doesn't act on changes of it.
+    NkPanelix* top = getFirstTopParent(0, 1);
+    if (top && top != this && !top->isBuilt3D()) top->setCanBeTraversed(0);
+    NbVec2i32 size(0, 0);
+    NbVec2i32 position(0, 0);
+    buildWidget(nullptr, size, position, 0);
+    enableNotify(wasEnabled);
+  }
+  NkBaseKit::doAction(action);
+}
+
+void NkDialogComponent::rayPick(NkRayPickAction* action) {
+  // The form comes into being when it is measured.
+  if (!isBuilt3D()) NkGetBoundingBoxAction::measureWithin(*action, this);
+  NkTopComponent::rayPick(action);
+}
+
+// Events
+
+void NkDialogComponent::eventNotify(unsigned int, std::uint64_t) {}
 
 // Skin
 

@@ -6,7 +6,8 @@ NK_KIT_SOURCE(NkDialogPushButtonLauncher, NkDialogPushButton, "DialogPushButtonL
 
 namespace {
 
-constexpr panelix::ContainerRules kRules{"NkDialogPushButtonLauncher", panelix::kOutOfRangeBeCareful, false, false};
+constexpr panelix::ContainerRules kRules{"NkDialogPushButtonLauncher", panelix::kOutOfRangeBeCareful, false, false,
+                                         true};
 
 } // namespace
 

@@ -17,6 +17,8 @@ NkMenuItem::NkMenuItem() {
 
 NkMenuItem::~NkMenuItem() = default;
 
+void NkMenuItem::menuEvent(void*, int) {}
+
 NkMenuBar* NkMenuItem::getMenuBar() const {
   NkPanelix* above = m_parent;
   while (above && !above->isOfType(NkMenuBar::getClassTypeId())) above = above->getParent();

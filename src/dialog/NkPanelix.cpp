@@ -195,6 +195,7 @@ void NkPanelix::buildWidget(HWND parent, NbVec2i32&, NbVec2i32&, int is2D) {
   } else if (!isBuilt3D()) {
     create3DPanelix();
   }
+  if (m_labelAlignmentSensor) return;
   attachSensor(m_enableSensor, enable);
   attachSensor(m_labelSensor, label);
   attachSensor(m_labelAlignmentSensor, labelAlignment);
@@ -288,7 +289,8 @@ void NkPanelix::show3D(int on) {
 
 void NkPanelix::set3DParentTranslation(NbVec3f& translation) {
   m_parentTranslation = translation;
-  if (m_parentTranslationNode) m_parentTranslationNode->translation = translation;
+  if (m_parentTranslationNode && m_parentTranslationNode->translation.getValue() != translation)
+    m_parentTranslationNode->translation = translation;
 }
 
 void NkPanelix::apply3DParentTranslation() {

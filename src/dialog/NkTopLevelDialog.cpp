@@ -1,10 +1,22 @@
 #include "Panelix/NkTopLevelDialog.h"
 
+#include "Panelix/NkDialogComponent.h"
+#include "Panelix/NkMenuBar.h"
 #include "Panelix/NkTopLevelAuditor.h"
+#include "arbora/scene/NkDBImpl.h"
+#include "arbora/scene/NkScale.h"
 #include "arbora/scene/NkSeparator.h"
 #include "arbora/scene/NkSwitch.h"
+#include "arbora/scene/NkText3.h"
+#include "arbora/scene/NkTransform.h"
+#include "arbora/scene/NkTranslation.h"
 #include "src/dialog/support/Auditing.h"
 #include "src/dialog/support/BevelledButton.h"
+#include "src/dialog/support/SensorPause.h"
+#include "src/dialog/support/StackLayout.h"
+
+using panelix::SensorPause;
+using panelix::SizeTriple;
 
 NK_KIT_SOURCE(NkTopLevelDialog, NkPanelix, "TopLevelDialog");
 
@@ -14,7 +26,10 @@ constexpr panelix::ContainerRules kRules{"NkTopLevelDialog", panelix::kOutOfRang
 
 } // namespace
 
-NkTopLevelDialog::NkTopLevelDialog() : Container(kRules), m_defaultAuditor(std::make_unique<NkTopLevelAuditor>()) {
+NkTopLevelDialog::NkTopLevelDialog()
+    : Container(kRules), m_frameWidth(GetSystemMetrics(SM_CXFRAME)), m_frameHeight(GetSystemMetrics(SM_CYFRAME)),
+      m_menuBarHeight(GetSystemMetrics(SM_CYMENU)), m_scrollBarSize(GetSystemMetrics(SM_CXHSCROLL)),
+      m_defaultAuditor(std::make_unique<NkTopLevelAuditor>()) {
   NK_KIT_CONSTRUCTOR(NkTopLevelDialog);
   NK_NODE_ADD_FIELD(width, (0));
   NK_NODE_ADD_FIELD(height, (0));
@@ -51,7 +66,266 @@ NkTopLevelDialog::NkTopLevelDialog() : Container(kRules), m_defaultAuditor(std::
   NK_KIT_INIT_INSTANCE();
 }
 
-NkTopLevelDialog::~NkTopLevelDialog() = default;
+// Sizes
+
+NkMenuBar* NkTopLevelDialog::widgetHasMenuBar() const {
+  for (int i = 0; i < getNumChildren(); ++i) {
+    if (auto* bar = dynamic_cast<NkMenuBar*>(getChild(i))) return bar;
+  }
+  return nullptr;
+}
+
+template <class Use>
+void NkTopLevelDialog::forEachComponent(Use&& use) {
+  forEachChild([&](NkTopComponent* child) {
+    if (auto* component = dynamic_cast<NkDialogComponent*>(child)) use(*component);
+  });
+}
+
+void NkTopLevelDialog::fixSizeWithBorder(NbVec2i32& size, int factor) const {
+  constexpr int kCaptionNotMeasured = 24;
+  const int caption = m_captionHeight ? m_captionHeight : kCaptionNotMeasured;
+  NbVec2i32 border(2 * m_frameWidth, caption + 2 * m_frameHeight);
+  if (m_vScrollOn || vScrollVisibility.getValue() == ALWAYS) border[0] += m_scrollBarSize;
+  if (m_hScrollOn || hScrollVisibility.getValue() == ALWAYS) border[1] += m_scrollBarSize;
+  if (widgetHasMenuBar()) border[1] += m_menuBarHeight;
+  panelix::addBorder(size, border, factor);
+}
+
+void NkTopLevelDialog::getDefaultSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) {
+  m_sizes.setCount(getNumChildren());
+  int i = 0;
+  bool hasMenuBar = false;
+  forEachChild([&](NkTopComponent* child) {
+    SizeTriple triple;
+    child->getSize(triple.size, triple.min, triple.max);
+    if (child->isOfType(NkMenuBar::getClassTypeId())) {
+      // The bar takes no share of the height.
+      triple.max[1] = triple.min[1];
+      hasMenuBar = true;
+    }
+    m_sizes.set(i++, triple);
+  });
+  SizeTriple content = panelix::stackSizes(m_sizes, 1);
+  const int numRows = getNumChildren() - (hasMenuBar ? 1 : 0);
+  panelix::addStackBorder(content, 1, margin.getValue(), panelix::gapsBetween(numRows, rowSpacing.getValue()));
+  size = content.size;
+  min = content.min;
+  max = content.max;
+}
+
+void NkTopLevelDialog::getSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) {
+  SizeTriple triple = sizeFields();
+  panelix::fillAndClamp(triple, [this] {
+    SizeTriple standard;
+    getDefaultSize(standard.size, standard.min, standard.max);
+    fixSizeWithBorder(standard.size, 1);
+    fixSizeWithBorder(standard.min, 1);
+    fixSizeWithBorder(standard.max, 1);
+    return standard;
+  });
+  if (!resizable.getValue() && width.getValue() != 0) triple.min[0] = triple.max[0] = triple.size[0];
+  if (!resizable.getValue() && height.getValue() != 0) triple.min[1] = triple.max[1] = triple.size[1];
+  size = triple.size;
+  min = triple.min;
+  max = triple.max;
+}
+
+void NkTopLevelDialog::computeNewChildrenHeight(const NbVec2i32& target) {
+  SizeTriple content;
+  getDefaultSize(content.size, content.min, content.max);
+  m_sizes.share(1, static_cast<long long>(target[1]) - content.size[1]);
+}
+
+void NkTopLevelDialog::setChildrenLabelSize() {
+  panelix::alignLabels([this](auto&& use) { forEachComponent(use); }, false);
+}
+
+void NkTopLevelDialog::setChildrenComponentSize() {
+  panelix::alignComponents([this](auto&& use) { forEachComponent(use); });
+}
+
+SizeTriple NkTopLevelDialog::sizeFields() const {
+  return {NbVec2i32(width.getValue(), height.getValue()), NbVec2i32(minWidth.getValue(), minHeight.getValue()),
+          NbVec2i32(maxWidth.getValue(), maxHeight.getValue())};
+}
+
+void NkTopLevelDialog::setSize(int w, int h, int minW, int minH, int maxW, int maxH) {
+  const auto write = [](const std::unique_ptr<NkFieldSensor>& sensor, NkSFInt32& field, int value) {
+    // A computed size that the window confirms still doesn't go into files.
+    if (field.getValue() == value) return;
+    const SensorPause quiet(sensor, field);
+    field = value;
+  };
+  write(m_widthSensor, width, w);
+  write(m_heightSensor, height, h);
+  write(m_minWidthSensor, minWidth, minW);
+  write(m_minHeightSensor, minHeight, minH);
+  write(m_maxWidthSensor, maxWidth, maxW);
+  write(m_maxHeightSensor, maxHeight, maxH);
+}
+
+void NkTopLevelDialog::setDefaultState() {
+  // Computed sizes don't go into files.
+  const bool isFixed = !resizable.getValue();
+  const SizeTriple& given = m_defaultState;
+  if (given.size[0] == 0) width.setDefault(true);
+  if (given.size[1] == 0) height.setDefault(true);
+  if (given.min[0] == 0 || isFixed) minWidth.setDefault(true);
+  if (given.min[1] == 0 || isFixed) minHeight.setDefault(true);
+  if (given.max[0] == 0 || isFixed || maxWidth.getValue() == panelix::kUnbounded) maxWidth.setDefault(true);
+  if (given.max[1] == 0 || isFixed || maxHeight.getValue() == panelix::kUnbounded) maxHeight.setDefault(true);
+}
+
+void NkTopLevelDialog::getDefaultState(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) const {
+  size = m_defaultState.size;
+  min = m_defaultState.min;
+  max = m_defaultState.max;
+}
+
+void NkTopLevelDialog::resetSize() {
+  if (windowResizedByChildren.getValue()) {
+    // The writes tell the state anew what it is.
+    const SizeTriple given = m_defaultState;
+    width = given.size[0];
+    height = given.size[1];
+    minWidth = given.min[0];
+    minHeight = given.min[1];
+    maxWidth = given.max[0];
+    maxHeight = given.max[1];
+  }
+  forEachChild([](NkTopComponent* child) { child->resetSize(); });
+}
+
+void NkTopLevelDialog::changeWidth() { m_defaultState.size[0] = width.getValue(); }
+
+void NkTopLevelDialog::changeHeight() { m_defaultState.size[1] = height.getValue(); }
+
+void NkTopLevelDialog::changeMinMaxSize() {
+  const SizeTriple fields = sizeFields();
+  m_defaultState.min = fields.min;
+  m_defaultState.max = fields.max;
+}
+
+// Building
+
+void NkTopLevelDialog::buildDialog(HWND window, int adopt) {
+  const arbora::KeepAlive alive(this);
+  m_adoptParent = adopt;
+  setChildrenLabelSize();
+  setChildrenComponentSize();
+  NbVec2i32 size(0, 0);
+  NbVec2i32 corner(0, 0);
+  buildWidget(window, size, corner, NkDBImpl::m_isVerra ? 0 : 1);
+  if (!m_currentFocusedWidget) m_currentFocusedWidget = GetNextDlgTabItem(m_topLevelWidget, nullptr, FALSE);
+  m_holdUpdates = 0;
+}
+
+void NkTopLevelDialog::buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& corner, int is2D) {
+  const arbora::KeepAlive alive(this);
+  NkPanelix::buildWidget(parent, size, corner, is2D);
+  if (is2D && !existWidget(m_baseWidget)) {
+    // So a first build in 2D records no state.
+    createBaseWidget(parent);
+    m_firstBuild = 0;
+  }
+  m_sizes.setCount(getNumChildren());
+  SizeTriple triple;
+  getSize(triple.size, triple.min, triple.max);
+  for (int axis = 0; axis < 2; ++axis) {
+    if (size[axis] != 0) triple.size[axis] = panelix::clampMinWins(size[axis], triple.min[axis], triple.max[axis]);
+    if (!resizable.getValue()) triple.min[axis] = triple.max[axis] = triple.size[axis];
+  }
+  if (m_firstBuild) m_defaultState = sizeFields();
+  setSize(triple.size[0], triple.size[1], triple.min[0], triple.min[1], triple.max[0], triple.max[1]);
+  setDefaultState();
+  if (is2D) {
+    // The size message that this brings about tells where the new window stands, not where it is to stand.
+    const NbVec2i32 given = position.getValue();
+    updateBaseWidget();
+    if (!existWidget(m_topLevelWidget)) {
+      if (position.getValue() != given) setPosition(given);
+      createTopLevelWidget();
+      changePosition();
+      updateTopLevelWidget();
+    }
+  } else {
+    if (!isBuilt3D()) {
+      create3DTopLevelDialog();
+      m_firstBuild = 0;
+    }
+    update3DTopLevelDialog();
+    update3DChildren();
+  }
+  attachSensor(m_marginSensor, margin);
+  attachSensor(m_modalFrameSensor, modalFrame);
+  attachSensor(m_rowSpacingSensor, rowSpacing);
+  attachSensor(m_resizableSensor, resizable);
+  attachSensor(m_positionSensor, position);
+  attachSensor(m_position3DSensor, position3D);
+  attachSensor(m_minimizedSensor, minimized);
+  attachSensor(m_independentMinimizedPositionSensor, independentMinimizedPosition);
+  attachSensor(m_minimized3DPositionSensor, minimized3DPosition);
+  attachSensor(m_minWidthSensor, minWidth);
+  attachSensor(m_minHeightSensor, minHeight);
+  attachSensor(m_maxWidthSensor, maxWidth);
+  attachSensor(m_maxHeightSensor, maxHeight);
+  attachSensor(m_widthSensor, width);
+  attachSensor(m_heightSensor, height);
+}
+
+void NkTopLevelDialog::afterChange(Change, NkTopComponent*, int) {
+  if (!m_holdUpdates) updateAfterSceneGraphChange();
+}
+
+void NkTopLevelDialog::updateAfterSceneGraphChange() {
+  const arbora::KeepAlive alive(this);
+  if (m_built2D) updateDialogBuild(1);
+  if (isBuilt3D()) updateDialogBuild(0);
+}
+
+void NkTopLevelDialog::updateDialogBuild(int is2D) {
+  const arbora::KeepAlive alive(this);
+  resetSize();
+  m_sizes.clear();
+  setChildrenLabelSize();
+  setChildrenComponentSize();
+  NbVec2i32 size(0, 0);
+  NbVec2i32 corner(0, 0);
+  buildWidget(m_parentWidget, size, corner, is2D);
+  if (!is2D) return;
+  setScrollProperties();
+  updateTopLevelWidgetScrollPosition();
+  updateChildren();
+}
+
+void NkTopLevelDialog::updateFromSensor(NkSensor* sensor) {
+  const arbora::KeepAlive alive(this);
+  const auto isOf = [sensor](const std::unique_ptr<NkFieldSensor>& own) { return sensor == own.get(); };
+  if (isOf(m_widthSensor)) {
+    changeWidth();
+  } else if (isOf(m_heightSensor)) {
+    changeHeight();
+  } else if (isOf(m_minWidthSensor) || isOf(m_minHeightSensor) || isOf(m_maxWidthSensor) || isOf(m_maxHeightSensor)) {
+    changeMinMaxSize();
+  } else if (isOf(m_resizableSensor)) {
+    changeResizable();
+  } else if (isOf(m_modalFrameSensor)) {
+    changeModalFrame();
+  } else if (isOf(m_positionSensor)) {
+    if (m_built2D) changePosition();
+    if (isBuilt3D() && canBeTraversed()) change3DPosition();
+  } else if (isOf(m_position3DSensor) || isOf(m_minimized3DPositionSensor)) {
+    if (isBuilt3D()) change3DPosition();
+  } else if (isOf(m_minimizedSensor)) {
+    if (isBuilt3D()) updateMinimizedState();
+  } else if (isOf(m_independentMinimizedPositionSensor)) {
+    if (isBuilt3D()) changeIndependentMinimizedPosition();
+  } else if (!isOf(m_marginSensor) && !isOf(m_rowSpacingSensor)) {
+    // The margin and the spacing wait for the next layout.
+    NkPanelix::updateFromSensor(sensor);
+  }
+}
 
 // Auditors
 

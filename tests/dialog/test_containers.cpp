@@ -38,6 +38,7 @@ struct GroupCase {
   static constexpr const char* kKeyword = "DialogGroup";
   static constexpr const char* kChildKeyword = "DialogComponent";
   static constexpr const char* kGetChildTail = "";
+  static constexpr int kGetChildExtra = 0; // How far the range that it posts goes beyond the last child.
   static constexpr bool kTakesOtherNodes = true;
 };
 struct RowCase : GroupCase {
@@ -55,6 +56,7 @@ struct TopLevelCase {
   static constexpr const char* kKeyword = "TopLevelDialog";
   static constexpr const char* kChildKeyword = "TopComponent";
   static constexpr const char* kGetChildTail = "; Be careful";
+  static constexpr int kGetChildExtra = 0; // How far the range that it posts goes beyond the last child.
   static constexpr bool kTakesOtherNodes = true;
 };
 template <class Launcher>
@@ -63,6 +65,7 @@ struct LauncherCase {
   using Child = NkTopLevelDialog;
   static constexpr const char* kChildKeyword = "TopLevelDialog";
   static constexpr const char* kGetChildTail = "; Be careful";
+  static constexpr int kGetChildExtra = 1; // How far the range that it posts goes beyond the last child.
   static constexpr bool kTakesOtherNodes = false;
 };
 struct CheckBoxLauncherCase : LauncherCase<NkDialogCheckBoxLauncher> {
@@ -88,6 +91,7 @@ struct MenuBarCase {
   static constexpr const char* kKeyword = "MenuBar";
   static constexpr const char* kChildKeyword = "MenuPopup";
   static constexpr const char* kGetChildTail = "";
+  static constexpr int kGetChildExtra = 0; // How far the range that it posts goes beyond the last child.
   static constexpr bool kTakesOtherNodes = false;
 };
 struct MenuPopupCase {
@@ -97,6 +101,7 @@ struct MenuPopupCase {
   static constexpr const char* kKeyword = "MenuPopup";
   static constexpr const char* kChildKeyword = "MenuItem";
   static constexpr const char* kGetChildTail = "";
+  static constexpr int kGetChildExtra = 0; // How far the range that it posts goes beyond the last child.
   static constexpr bool kTakesOtherNodes = false;
 };
 
@@ -121,8 +126,9 @@ public:
   void replaceInKit(NkNode* oldNode, NkNode* newNode) { NkBaseKit::replaceChild(oldNode, newNode); }
   void replaceInKit(int index, NkNode* node) { NkBaseKit::replaceChild(index, node); }
 
-  /// A cube of the given size that stands in its parts.
+  /// A cube of the given size that stands in its parts, in the place of the 3D form.
   NkCube* showCube(float size) {
+    this->setBuilt3D(1);
     auto* cube = new NkCube;
     cube->width = cube->height = cube->depth = size;
     static_cast<NkGroup*>(getAnyPart("geomSwitch", true))->addChild(cube);
@@ -184,7 +190,7 @@ TYPED_TEST_SUITE(Containers, Cases);
 TYPED_TEST(Containers, StartEmpty) {
   EXPECT_EQ(this->container->getNumChildren(), 0);
   EXPECT_EQ(this->container->findChild(nullptr), -1);
-  this->expectPosted(this->outOfRange("getChild", 0, -1, TypeParam::kGetChildTail),
+  this->expectPosted(this->outOfRange("getChild", 0, TypeParam::kGetChildExtra - 1, TypeParam::kGetChildTail),
                      [&] { EXPECT_EQ(this->container->getChild(0), nullptr); });
   EXPECT_EQ(this->container->getChild(-1), nullptr);
 }
@@ -196,7 +202,7 @@ TYPED_TEST(Containers, AddChildrenBehindTheOthers) {
   EXPECT_EQ(this->container->findChild(first), 0);
   EXPECT_EQ(this->container->findChild(second), 1);
   EXPECT_EQ(first->getRefCount(), 1);
-  this->expectPosted(this->outOfRange("getChild", 2, 1, TypeParam::kGetChildTail),
+  this->expectPosted(this->outOfRange("getChild", 2, TypeParam::kGetChildExtra + 1, TypeParam::kGetChildTail),
                      [&] { EXPECT_EQ(this->container->getChild(2), nullptr); });
 }
 
@@ -475,7 +481,13 @@ TYPED_TEST(Containers, EmptiedInsideASensorStayInOrder) {
 
 TYPED_TEST(Containers, BearThatTheEndOfWindowsChangesTheChildren) {
   using Child = typename TypeParam::Child;
-  for (const bool replacing : {false, true}) {
+  const Ref<Child> other(new Child);
+  const std::function<void()> changes[] = {
+      [&] { this->container->removeChild(1); },
+      [&] { this->container->replaceChild(1, other.get()); },
+      [&] { this->container->removeAllChildren(); },
+  };
+  for (const auto& change : changes) {
     auto* child = new Watched<Child>;
     this->add();
     this->container->addChild(child);
@@ -483,11 +495,7 @@ TYPED_TEST(Containers, BearThatTheEndOfWindowsChangesTheChildren) {
     child->atEndOfWindows = [&] {
       if (std::exchange(isFirst, false)) this->container->removeAllChildren();
     };
-    const Ref<Child> other(new Child);
-    if (replacing)
-      this->container->replaceChild(1, other.get());
-    else
-      this->container->removeChild(1);
+    change();
     EXPECT_EQ(this->container->getNumChildren(), 0);
     EXPECT_EQ(other->getParent(), nullptr);
   }
@@ -651,6 +659,8 @@ TYPED_TEST(Containers, AreWrittenOnceThemselves) {
     EXPECT_EQ(copy->getChild(0), copy->getChild(1));
     EXPECT_EQ(static_cast<typename TypeParam::Container*>(copy->getChild(0))->getNumChildren(), 1);
   }
+  const std::string text = this->writeText(root.get());
+  EXPECT_EQ(text.find("DEF"), text.rfind("DEF")) << "its child is used once:\n" << text;
 }
 
 TYPED_TEST(Containers, AreWrittenOnAPathUpToTheChildOnIt) {
@@ -735,7 +745,8 @@ TYPED_TEST(Containers, AreSearchedForTheirPartsBehindTheirChildren) {
   search.setNode(cube);
   search.apply(this->container.get());
   ASSERT_TRUE(search.isFound());
-  EXPECT_EQ(search.getPath()->full()->getTail(), cube);
+  // Other than a child's parts, its own are told.
+  EXPECT_EQ(search.getPath()->getTail(), cube);
 }
 
 TYPED_TEST(Containers, AreThemselvesFound) {
@@ -751,7 +762,8 @@ TYPED_TEST(Containers, AreThemselvesFound) {
 
 TYPED_TEST(Containers, TellThePickedChild) {
   auto* child = new Open<typename TypeParam::Child>;
-  this->add();
+  // One without a form stands ahead.
+  this->add()->setBuilt3D(1);
   this->container->addChild(child);
   NkCube* cube = child->showCube(2.0F);
   this->container->showCube(1.0F);

@@ -5,6 +5,7 @@
 #include "Panelix/Container.h"
 #include "arbora/scene/NkChildList.h"
 #include "arbora/scene/NkDBImpl.h"
+#include "arbora/scene/NkGetBoundingBoxAction.h"
 #include "arbora/scene/NkNodeKitDetail.h"
 #include "arbora/scene/NkOutputImpl.h"
 #include "arbora/scene/NkPath.h"
@@ -18,7 +19,7 @@ namespace panelix {
 
 NkPanelix* Children::get(int index) const {
   if (index >= m_num) {
-    postOutOfRange("getChild", m_rules.getChildMessage, index, m_num - 1);
+    postOutOfRange("getChild", m_rules.getChildMessage, index, m_rules.endsAtNumber ? m_num : m_num - 1);
     return nullptr;
   }
   return static_cast<NkPanelix*>(list().get(index));
@@ -143,6 +144,7 @@ void Children::search(NkSearchAction* action) const {
 }
 
 void Children::rayPick(NkRayPickAction* action) const {
+  if (!m_owner->isBuilt3D()) NkGetBoundingBoxAction::measureWithin(*action, m_owner);
   list().traverse(action, 0, m_num);
   if (action->getPickedPointsListLength() == 0) list().traverse(action, m_num - 1, m_num - 1);
   for (int i = 0; i < action->getPickedPointsListLength(); ++i) {

@@ -1,0 +1,156 @@
+#include "Panelix/NkColumnDialog.h"
+#include "Panelix/NkDialogLabel.h"
+#include "Panelix/NkDialogSeparator.h"
+#include "Panelix/NkRowDialog.h"
+#include "tests/desktop/Control_win.h"
+#include "tests/desktop/DesktopTest_win.h"
+
+// Windows that come and go. The runner counts nodes, windows and drawing objects around each test.
+
+namespace {
+
+class WindowLifetime : public DesktopTest {
+protected:
+  /// A dialog with a control in a row; the only reference is the caller's.
+  static arbora::Ref<NkTopLevelDialog> makeDialog(Control*& control) {
+    arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+    auto* row = new NkRowDialog;
+    control = new Control;
+    row->addChild(control);
+    dialog->addChild(row);
+    dialog->addChild(new NkDialogLabel);
+    dialog->buildDialog(nullptr, 0);
+    return dialog;
+  }
+  static void notify(Control* control) {
+    SendMessageA(control->getWidget(), WM_COMMAND, MAKEWPARAM(0, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(control->getControl()));
+  }
+};
+
+} // namespace
+
+TEST_F(WindowLifetime, AThousandDialogsLeaveNothing) {
+  for (int i = 0; i < 1000; ++i) {
+    const arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+    auto* row = new NkRowDialog;
+    row->addChild(new NkDialogLabel);
+    row->addChild(new NkDialogSeparator);
+    dialog->addChild(row);
+    dialog->buildDialog(nullptr, 0);
+    ASSERT_TRUE(IsWindow(dialog->getWidget())) << i;
+  }
+}
+
+TEST_F(WindowLifetime, AThousandChildrenComeAndGo) {
+  auto* dialog = open("TopLevelDialog { width 300 height 200 RowDialog { auditorID \"row\" } }");
+  auto* row = find<NkRowDialog>(dialog, "row");
+  for (int i = 0; i < 1000; ++i) {
+    row->addChild(new NkDialogLabel);
+    ASSERT_TRUE(IsWindow(row->getChild(0)->getWidget())) << i;
+    row->removeChild(0);
+  }
+  EXPECT_EQ(GetWindow(row->getWidget(), GW_CHILD), nullptr);
+}
+
+TEST_F(WindowLifetime, AComponentGoesInsideItsOwnMessage) {
+  Control* control = nullptr;
+  const auto dialog = makeDialog(control);
+  const HWND frame = control->getWidget();
+  control->onNotify = [&](unsigned int) { static_cast<NkRowDialog*>(dialog->getChild(0))->removeAllChildren(); };
+  notify(control);
+  EXPECT_FALSE(IsWindow(frame));
+  EXPECT_EQ(static_cast<NkRowDialog*>(dialog->getChild(0))->getNumChildren(), 0);
+}
+
+TEST_F(WindowLifetime, ADialogGoesInsideAMessageOfItsComponent) {
+  const int live = NkBase::getLiveCount();
+  Control* control = nullptr;
+  arbora::Ref<NkTopLevelDialog> dialog = makeDialog(control);
+  dialog->show();
+  const HWND base = dialog->getBaseWidget();
+  control->onNotify = [&](unsigned int) { dialog = arbora::Ref<NkTopLevelDialog>(); };
+  notify(control);
+  EXPECT_FALSE(IsWindow(base));
+  EXPECT_EQ(NkBase::getLiveCount(), live);
+}
+
+TEST_F(WindowLifetime, ADialogGoesInsideTheUsersClick) {
+  const int live = NkBase::getLiveCount();
+  Control* control = nullptr;
+  arbora::Ref<NkTopLevelDialog> dialog = makeDialog(control);
+  dialog->show();
+  desktop::serveAWhile();
+  const HWND base = dialog->getBaseWidget();
+  control->onNotify = [&](unsigned int) { dialog = arbora::Ref<NkTopLevelDialog>(); };
+  const RECT button = outlineOf(control->getControl());
+  click((button.left + button.right) / 2, (button.top + button.bottom) / 2);
+  EXPECT_FALSE(IsWindow(base));
+  EXPECT_EQ(NkBase::getLiveCount(), live);
+}
+
+TEST_F(WindowLifetime, ADialogGoesWithinItsLayout) {
+  // A component that ends the dialog when the window's size reaches it.
+  class Ending : public Control {
+  public:
+    void buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& position, int is2D) override {
+      Control::buildWidget(parent, size, position, is2D);
+      if (onBuild) onBuild();
+    }
+    std::function<void()> onBuild;
+  };
+  const int live = NkBase::getLiveCount();
+  arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  auto* ending = new Ending;
+  dialog->addChild(ending);
+  dialog->addChild(new NkDialogLabel);
+  dialog->buildDialog(nullptr, 0);
+  const HWND base = dialog->getBaseWidget();
+  ending->onBuild = [&] { dialog = arbora::Ref<NkTopLevelDialog>(); };
+  resize(base, 400, 300);
+  EXPECT_FALSE(IsWindow(base));
+  EXPECT_EQ(NkBase::getLiveCount(), live);
+}
+
+TEST_F(WindowLifetime, ADialogGoesWhileItsFieldChanges) {
+  const int live = NkBase::getLiveCount();
+  arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  dialog->buildDialog(nullptr, 0);
+  const HWND base = dialog->getBaseWidget();
+  NkFieldSensor sensor([](void* data, NkSensor*) { *static_cast<arbora::Ref<NkTopLevelDialog>*>(data) = {}; }, &dialog);
+  sensor.setPriority(0);
+  sensor.attach(&dialog->label);
+  dialog->label = "the end";
+  EXPECT_FALSE(IsWindow(base));
+  EXPECT_EQ(NkBase::getLiveCount(), live);
+}
+
+TEST_F(WindowLifetime, AComponentOutlivesItsDialog) {
+  Control* inside = nullptr;
+  arbora::Ref<NkTopLevelDialog> dialog = makeDialog(inside);
+  const arbora::Ref<Control> control(inside);
+  dialog = arbora::Ref<NkTopLevelDialog>();
+  EXPECT_EQ(control->getWidget(), nullptr);
+  control->enable = FALSE;
+  control->label = "alone";
+  const arbora::Ref<NkTopLevelDialog> next(new NkTopLevelDialog);
+  next->addChild(control.get());
+  next->buildDialog(nullptr, 0);
+  EXPECT_TRUE(IsWindow(control->getControl()));
+  EXPECT_FALSE(IsWindowEnabled(control->getWidget()));
+}
+
+TEST_F(WindowLifetime, BothFormsStandOnOneObject) {
+  auto* dialog = open("TopLevelDialog { position 30 40 width 300 height 200 DialogLabel { auditorID \"a\" } }");
+  auto* label = find<NkDialogLabel>(dialog, "a");
+  NbVec2i32 none(0, 0);
+  dialog->buildWidget(nullptr, none, none, 0);
+  EXPECT_TRUE(dialog->isBuilt3D());
+  EXPECT_TRUE(IsWindowVisible(label->getWidget()));
+  dialog->addChild(new NkDialogLabel);
+  EXPECT_EQ(rectangleOf(dialog->getBaseWidget()), rectangle(30, 40, 300, 200));
+  resize(dialog->getBaseWidget(), 320, 220);
+  EXPECT_EQ(dialog->getTopLevelSize(), NbVec3f(300, 200, 1));
+  dialog->updateAfterSceneGraphChange();
+  EXPECT_EQ(dialog->getTopLevelSize(), NbVec3f(320, 220, 1));
+}

@@ -9,7 +9,10 @@
 #include <CLI/CLI.hpp>
 
 #include "Panelix/NkPanelix.h"
+#include "arbora/base/NbFileHelper.h"
+#include "arbora/base/NkPreferences.h"
 #include "arbora/scene/NkDB.h"
+#include "src/platform/Win32.h"
 #include "tools/panelix/Arguments.h"
 #include "tools/panelix/Commands.h"
 
@@ -17,9 +20,27 @@ namespace {
 
 constexpr int kLargestSize = 16384;
 
+/// Unless the settings tell where the skins are, those that were installed or built with the program are used.
+void findOwnSkins() {
+  if (NkPreferences::getStringValue("ARBORAHOME")) return;
+  constexpr DWORD kPathSize = 4096;
+  char program[kPathSize] = "";
+  GetModuleFileNameA(nullptr, program, kPathSize);
+  const NbString folder = NbFileHelper::getDirName(NbFileHelper::toUnixPath(program));
+  for (const char* way : {"/../share/panelix", "/../../.."}) {
+    const NbString home = folder + way;
+    if (!NbFileHelper::isAccessible(home + "/data/Panelix/skins")) continue;
+    NkPreferences::setString("ARBORAHOME", home);
+    return;
+  }
+}
+
 /// The toolkit and the scene library with all their classes, for as long as it lives.
 struct Library {
-  Library() { NkPanelix::init(); }
+  Library() {
+    findOwnSkins();
+    NkPanelix::init();
+  }
   ~Library() { NkPanelix::finish(); }
   Library(const Library&) = delete;
   Library& operator=(const Library&) = delete;

@@ -7,8 +7,6 @@
 namespace panelix {
 namespace {
 
-/// What the border takes of each axis, whatever the edge style.
-constexpr int kBorder = 6;
 /// From the corner to the first child: what the edges leave free, and all of them in 3D. Without an edge it is given
 /// back.
 constexpr int kNoneOffset = 3;

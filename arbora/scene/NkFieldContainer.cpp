@@ -26,8 +26,8 @@ bool NkFieldContainer::enableNotify(bool flag) {
 }
 
 void NkFieldContainer::notifyDelete() {
-  // While the object is whole, so that a delete callback finds its values.
-  if (const NkFieldData* data = getFieldData()) {
+  // While the object is whole, so that a delete callback finds its values. One that outlives the library has no table.
+  if (const NkFieldData* data = getTypeId().isBad() ? nullptr : getFieldData()) {
     for (int i = 0; i < data->getNumFields(); ++i) {
       NkField* field = data->getField(this, i);
       if (field->m_links) field->dropLinks();

@@ -83,7 +83,7 @@ private:                                                 \
 #define NK_KIT_CONSTRUCTOR(Class)   \
   NK_NODE_CONSTRUCTOR(Class);       \
   construction.makeCatalog(kitClass()); \
-  isBuiltIn = 1
+  if (construction.isFirst()) isBuiltIn = 1
 
 #define NK_KIT_ADD_ROW(part, ...)                                                        \
   do {                                                                                   \

@@ -33,6 +33,9 @@ ARBORA_API void initNodeClass(const NodeClass& nodeClass, NkType (*parentType)()
 ARBORA_API void initKitClass(const KitClass& kit, const NkNodekitCatalog** (*parentCatalog)());
 ARBORA_API void exitNodeClass(const NodeClass& nodeClass);
 ARBORA_API void exitKitClass(const KitClass& kit);
+/// Stands in for the field table of a class that has none, as its nodes may outlive the library: it holds no field, and
+/// the misuse is posted.
+ARBORA_API const NkFieldData* missingFieldData(const NodeClass& nodeClass);
 
 /// Stands at the head of every constructor of a node class until its end. Makes the class's field table at the first
 /// instance and holds the class's mutex while that instance fills it; later instances take no lock.
@@ -103,7 +106,9 @@ private:
                                      firstInstance, classMutex};                                      \
     return s;                                                                                         \
   }                                                                                                   \
-  const NkFieldData* Class::getFieldData() const { return fieldData; }                                \
+  const NkFieldData* Class::getFieldData() const {                                                    \
+    return fieldData ? fieldData : arbora::missingFieldData(nodeClass());                             \
+  }                                                                                                   \
   static_assert(true)
 
 #define NK_NODE_ABSTRACT_SOURCE(Class, Parent, Name)                                                  \

@@ -38,6 +38,21 @@ void exitNodeClass(const NodeClass& nodeClass) {
   nodeClass.firstInstance = 1;
 }
 
+namespace {
+
+constexpr const char* kNotConstructed =
+    "Instance not properly constructed.\nDid you forget to put NK_NODE_CONSTRUCTOR() in the constructor?";
+
+} // namespace
+
+const NkFieldData* missingFieldData(const NodeClass& nodeClass) {
+  // Not the class's own: its next node is to find none and to fill one.
+  static const NkFieldData s_noFields;
+  // A node from before `finish` lives on after the next `init`.
+  if (nodeClass.classTypeId.isBad()) NkDebugError::post(nodeClass.className, "%s", kNotConstructed);
+  return &s_noFields;
+}
+
 NodeConstruction::NodeConstruction(const NodeClass& nodeClass, NkFieldContainer* object, void (*initClass)(),
                                    NkType objectType)
     : m_class(nodeClass), m_object(object) {
@@ -55,7 +70,8 @@ NodeConstruction::NodeConstruction(const NodeClass& nodeClass, NkFieldContainer*
   if (!m_class.fieldData) {
     m_class.fieldData = new NkFieldData(m_class.parentFieldData ? *m_class.parentFieldData : nullptr);
   } else {
-    m_class.firstInstance = 0;
+    // Later constructors, on whatever thread, only read it.
+    if (m_class.firstInstance) m_class.firstInstance = 0;
     // The table is whole: nothing is left to guard.
     m_class.classMutex.unlock();
     m_locked = false;
@@ -68,8 +84,7 @@ NodeConstruction::~NodeConstruction() {
 
 void NodeConstruction::addField(const char* name, NkField* field, const char* sourceFile) {
   if (!m_class.fieldData) {
-    NkDebugError::post(sourceFile, "Instance not properly constructed.\nDid you forget to put NK_NODE_CONSTRUCTOR() in "
-                                   "the constructor?");
+    NkDebugError::post(sourceFile, "%s", kNotConstructed);
     m_class.fieldData = new NkFieldData(m_class.parentFieldData ? *m_class.parentFieldData : nullptr);
   }
   if (isFirst()) const_cast<NkFieldData*>(m_class.fieldData)->addField(m_object, name, field);

@@ -152,7 +152,8 @@ protected:
   /// An auditor is on the list at most once.
   void addAuditor(NkAuditor* auditor);
   void removeAuditor(NkAuditor* auditor);
-  NkAuditor* getAuditor(int index) const;
+  /// The entry of the list, which may be exchanged.
+  void*& getAuditor(int index);
   int getAuditorListLength() const;
   /// Tells the auditors of class `Auditor`, in order, about the component whose state the user has changed; false if
   /// there is none. The list, the component and this node may go meanwhile.

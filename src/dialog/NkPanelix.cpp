@@ -192,7 +192,7 @@ void NkPanelix::buildWidget(HWND parent, NbVec2i32&, NbVec2i32&, int is2D) {
   if (is2D) {
     m_built2D = is2D;
     m_parentWidget = parent;
-  } else if (!isBuilt3D()) {
+  } else if (!m_pickStyle) {
     create3DPanelix();
   }
   if (m_labelAlignmentSensor) return;
@@ -264,8 +264,9 @@ void NkPanelix::removeAuditor(NkAuditor* auditor) {
   if (m_auditors) m_auditors->removeItem(auditor);
 }
 
-NkAuditor* NkPanelix::getAuditor(int index) const {
-  return m_auditors ? static_cast<NkAuditor*>(m_auditors->get(index)) : nullptr;
+void*& NkPanelix::getAuditor(int index) {
+  if (!m_auditors) m_auditors = std::make_unique<NbPList>();
+  return (*m_auditors)[index];
 }
 
 int NkPanelix::getAuditorListLength() const { return m_auditors ? m_auditors->getLength() : 0; }

@@ -240,6 +240,23 @@ TEST_F(ObjectModel, ANodeThatOutlivesTheLibraryCanBeWrittenWhenItIsBack) {
   EXPECT_TRUE(again->getChild(0)->isOfType(NkGroup::getClassTypeId()));
 }
 
+TEST(ObjectModelLifecycle, ANodeThatOutlivesTheLibraryHasNoFieldsToShow) {
+  NkDB::init();
+  const Ref<NkCone> survivor(new NkCone);
+  NkDB::finish();
+  expectMessage("NkCone(): Instance not properly constructed.\nDid you forget to put NK_NODE_CONSTRUCTOR() in the "
+                "constructor?");
+  EXPECT_EQ(survivor->getField("parts"), nullptr);
+  NkDB::init();
+  EXPECT_EQ(survivor->getField("parts"), nullptr);
+  {
+    const Ref<NkCone> other(new NkCone);
+    EXPECT_EQ(other->getField("parts"), &other->parts);
+    EXPECT_EQ(survivor->getField("parts"), &survivor->parts);
+  }
+  NkDB::finish();
+}
+
 TEST(ObjectModelLifecycle, AnEnumFieldKnowsItsNamesWhenItsNodeOutlivesTheLibrary) {
   NkDB::init();
   const Ref<NkCone> survivor(new NkCone);

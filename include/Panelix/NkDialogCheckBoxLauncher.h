@@ -15,6 +15,14 @@ public:
   void applyAuditors();
   NkPanelix* searchForAuditorId(NbString id);
 
+  void buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& position, int is2D) override;
+  void eventNotify(unsigned int message, std::uint64_t value) override;
+
 protected:
   ~NkDialogCheckBoxLauncher() override;
+
+private:
+  void draggerFinishCallback3D() override;
+  void showDialogs();
+  void showWindow(NkTopLevelDialog& dialog) const;
 };

@@ -87,6 +87,8 @@ protected:
 
   /// What the edge and its room take of each axis, in pixels, whatever the edge style.
   static constexpr int kBorder = 6;
+  /// Between the label and the component area.
+  static constexpr int kGap = 2;
   /// What the border leaves of the component's size.
   NbVec2i32 sizeInBorder() const;
   /// Offset of the areas from the frame window's corner, in pixels: what the edge leaves free.

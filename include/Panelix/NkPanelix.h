@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -203,19 +204,28 @@ protected:
 
   // 3D form
 
+  /// The 3D form is there and follows the fields.
+  bool isLive3D() const { return isBuilt3D() && canBeTraversed(); }
   /// Gives the 3D input to a component, which the previous holder is told; NULL takes it away.
   static void set3DCurrentActive(NkPanelix* component);
   /// The box of a subgraph, and that of a text under its properties.
   NbBox3f measure3D(NkNode* node);
   NbBox3f measure3DText(NkNode* properties, NkText3* text);
+  static const NbBox3f kNotMeasured;
+  /// The same, into `box`, unless it holds the result already.
+  void measure3DText(NbBox3f& box, NkNode* properties, NkText3* text);
   /// Makes `result` the translation and rotation at the end of a subgraph, without its scale: what comes behind a skin
   /// part lands on the part's far end, however the part is stretched.
   void undoTransformMatrix(NkNode* node, NkTransform* result);
+  /// The same, unless that was done for the subgraph as it is; `measured` keeps its id.
+  void undoTransformMatrix(NkNode* node, NkTransform* result, std::uint64_t& measured);
   /// How far the end of a subgraph stands out, in scene units.
   float compute3DDepth(NkNode* node);
   static constexpr float kDepthNotMeasured = -1;
   /// Adds the depth of a subgraph and the parent's offset to `translation`. `depth` caches the depth.
   void apply3DTranslation(NkNode* node, float& depth, NbVec3f& translation);
+  /// The press that goes on hit something in that part.
+  bool isPicked(const NkSFNode& part) const;
   int isLabelCachedBBox() const;
   void setLabelCacheBBox(const NbBox3f& box) { m_labelCachedBBox = box; }
   const NbBox3f& getLabelCachedBBox() const { return m_labelCachedBBox; }

@@ -160,7 +160,6 @@ private:
   void draggerStartCallback3D();
   void draggerMotionCallback3D();
   void draggerFinishCallback3D();
-  bool isPicked(const NkSFNode& part) const;
 
   int m_adoptParent = 0;
   HWND m_baseWidget = nullptr;

@@ -194,7 +194,7 @@ void NkDialogComponent::buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& pos
 void NkDialogComponent::updateFromSensor(NkSensor* sensor) {
   const arbora::KeepAlive alive(this);
   const bool in2D = m_built2D != 0;
-  const bool in3D = isBuilt3D() && canBeTraversed();
+  const bool in3D = isLive3D();
   if (sensor == m_labelVisibilitySensor.get()) {
     if (in2D) changeLabelVisibility();
     if (in3D) change3DLabelVisibility();
@@ -217,8 +217,6 @@ void NkDialogComponent::updateFromSensor(NkSensor* sensor) {
 
 namespace {
 
-/// Between the label and the component area.
-constexpr int kGap = 2;
 /// From the centre line of the 3D form's border to its outer edge.
 constexpr int kInset3D = 3;
 
@@ -376,10 +374,7 @@ void NkDialogComponent::update3DDialogComponent() {
   const auto y = static_cast<float>(m_position[1]);
   writeChange(m_translation3D->translation, NbVec3f(x + w / 2 + offset[0], -y - h / 2 + offset[1], offset[2]));
   writeChange(m_scale3D->scaleFactor, NbVec3f(w, h, 1));
-  NkNode* content = mainCptSeparator.getValue();
-  if (!m_transform3D || m_measuredFrame == content->getNodeId()) return;
-  undoTransformMatrix(content, m_transform3D.get());
-  m_measuredFrame = content->getNodeId();
+  if (m_transform3D) undoTransformMatrix(mainCptSeparator.getValue(), m_transform3D.get(), m_measuredFrame);
 }
 
 void NkDialogComponent::get3DComponentSize(NbVec2i32& size, NbVec2i32& position) const {

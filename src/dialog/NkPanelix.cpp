@@ -13,6 +13,7 @@
 #include "arbora/scene/NkMaterial.h"
 #include "arbora/scene/NkNodeKit.h"
 #include "arbora/scene/NkOutput.h"
+#include "arbora/scene/NkPath.h"
 #include "arbora/scene/NkPickStyle.h"
 #include "arbora/scene/NkSearchAction.h"
 #include "arbora/scene/NkSeparator.h"
@@ -26,8 +27,6 @@
 NK_KIT_SOURCE(NkPanelix, NkDragger, "Panelix");
 
 namespace {
-
-const NbBox3f kNotMeasured(-1, -1, -1, -1, -1, -1);
 
 const NkModule s_module("Panelix", PANELIX_VERSION, __FILE__);
 
@@ -55,6 +54,7 @@ NkPanelix* findComponent(const NkGroup& root, Use&& use) {
 
 } // namespace
 
+const NbBox3f NkPanelix::kNotMeasured(-1, -1, -1, -1, -1, -1);
 HFONT NkPanelix::m_font = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
 NkPanelix* NkPanelix::m_lastActive = nullptr;
 
@@ -230,7 +230,7 @@ void NkPanelix::updateFromSensor(NkSensor* sensor) {
   // What a change calls may end the life of the node.
   const arbora::KeepAlive alive(this);
   const bool in2D = m_built2D != 0;
-  const bool in3D = isBuilt3D() && canBeTraversed();
+  const bool in3D = isLive3D();
   if (sensor == m_enableSensor.get()) {
     if (in2D) changeEnable();
     if (in3D) change3DEnable();
@@ -336,6 +336,11 @@ void NkPanelix::set3DCurrentActive(NkPanelix* component) {
   m_lastActive = component;
 }
 
+bool NkPanelix::isPicked(const NkSFNode& part) const {
+  const NkPath* path = getPickPath();
+  return path && part.getValue() && path->containsNode(part.getValue());
+}
+
 int NkPanelix::isLabelCachedBBox() const { return m_labelCachedBBox != kNotMeasured; }
 
 NbBox3f NkPanelix::measure3D(NkNode* node) {
@@ -349,6 +354,10 @@ NbBox3f NkPanelix::measure3DText(NkNode* properties, NkText3* text) {
   if (properties) scratch->addChild(properties);
   scratch->addChild(text);
   return measure3D(scratch.get());
+}
+
+void NkPanelix::measure3DText(NbBox3f& box, NkNode* properties, NkText3* text) {
+  if (box == kNotMeasured) box = measure3DText(properties, text);
 }
 
 void NkPanelix::undoTransformMatrix(NkNode* node, NkTransform* result) {
@@ -366,6 +375,12 @@ void NkPanelix::undoTransformMatrix(NkNode* node, NkTransform* result) {
   NbMatrix matrix;
   matrix.setTransform(translation, rotation, NbVec3f(1, 1, 1));
   result->setMatrix(matrix);
+}
+
+void NkPanelix::undoTransformMatrix(NkNode* node, NkTransform* result, std::uint64_t& measured) {
+  if (measured == node->getNodeId()) return;
+  undoTransformMatrix(node, result);
+  measured = node->getNodeId();
 }
 
 float NkPanelix::compute3DDepth(NkNode* node) {

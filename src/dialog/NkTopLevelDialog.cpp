@@ -314,7 +314,7 @@ void NkTopLevelDialog::updateFromSensor(NkSensor* sensor) {
     changeModalFrame();
   } else if (isOf(m_positionSensor)) {
     if (m_built2D) changePosition();
-    if (isBuilt3D() && canBeTraversed()) change3DPosition();
+    if (isLive3D()) change3DPosition();
   } else if (isOf(m_position3DSensor) || isOf(m_minimized3DPositionSensor)) {
     if (isBuilt3D()) change3DPosition();
   } else if (isOf(m_minimizedSensor)) {

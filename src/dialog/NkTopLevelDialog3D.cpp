@@ -89,12 +89,7 @@ void NkTopLevelDialog::update3DTopLevelDialog() {
   update3DLabel();
 }
 
-void NkTopLevelDialog::undoFrame() {
-  NkNode* content = frameSep.getValue();
-  if (m_measuredFrame == content->getNodeId()) return;
-  undoTransformMatrix(content, m_undoTransform.get());
-  m_measuredFrame = content->getNodeId();
-}
+void NkTopLevelDialog::undoFrame() { undoTransformMatrix(frameSep.getValue(), m_undoTransform.get(), m_measuredFrame); }
 
 void NkTopLevelDialog::update3DLabel() {
   if (!isLabelCachedBBox()) setLabelCacheBBox(measure3DText(labelProp.getValue(), m_labelText.get()));
@@ -218,11 +213,6 @@ void NkTopLevelDialog::motionCB3D(void*, NkDragger* dragger) {
 
 void NkTopLevelDialog::finishCB3D(void*, NkDragger* dragger) {
   static_cast<NkTopLevelDialog*>(dragger)->draggerFinishCallback3D();
-}
-
-bool NkTopLevelDialog::isPicked(const NkSFNode& part) const {
-  const NkPath* path = getPickPath();
-  return path && part.getValue() && path->containsNode(part.getValue());
 }
 
 void NkTopLevelDialog::draggerStartCallback3D() {

@@ -1,0 +1,21 @@
+#include "Panelix/PlacedText.h"
+
+#include "arbora/scene/NkGroup.h"
+#include "arbora/scene/NkText3.h"
+#include "arbora/scene/NkTranslation.h"
+
+namespace panelix {
+
+PlacedText::PlacedText() = default;
+
+PlacedText::~PlacedText() = default;
+
+void PlacedText::addTo(NkNode* group) {
+  translation = arbora::Ref<NkTranslation>(new NkTranslation);
+  static_cast<NkGroup*>(group)->insertChild(translation.get(), 0);
+  text = arbora::Ref<NkText3>(new NkText3);
+  text->parts = NkText3::FRONT;
+  static_cast<NkGroup*>(group)->addChild(text.get());
+}
+
+} // namespace panelix

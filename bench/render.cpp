@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "NullBackend.h"
 #include "arbora/scene/NkBaseColor.h"
 #include "arbora/scene/NkCube.h"
 #include "arbora/scene/NkDB.h"
@@ -18,25 +19,8 @@
 #include "arbora/scene/NkSeparator.h"
 #include "arbora/scene/NkText3.h"
 #include "arbora/scene/NkTranslation.h"
-#include "arbora/scene/RenderBackend.h"
 
 namespace {
-
-class NullBackend : public arbora::RenderBackend {
-public:
-  Handle createBatch(const arbora::BatchDescription&) override { return ++m_last; }
-  void destroyBatch(Handle) override {}
-  void updateBatch(Handle, const std::vector<arbora::Instance>&, const std::vector<Range>&) override {}
-  Handle createTables() override { return ++m_last; }
-  void destroyTables(Handle) override {}
-  void updateTable(Handle, SetKind, const std::vector<NbVec4f>&, const Range&) override {}
-  void beginFrame(const arbora::Frame&, Handle) override {}
-  void drawBatch(Handle, std::size_t, std::size_t) override {}
-  void endFrame() override {}
-
-private:
-  Handle m_last = 0;
-};
 
 /// Separator { Translation, Separator { Scale, Material, Cube }, Separator { BaseColor, Font, Translation, Text3 } }.
 struct Panel {

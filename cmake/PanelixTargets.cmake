@@ -55,8 +55,7 @@ function(panelix_library name)
     EXPORT_FILE_NAME ${PANELIX_GENERATED_DIR}/${arg_EXPORT_HEADER})
   target_compile_features(${name} PUBLIC cxx_std_20)
   target_include_directories(${name} PUBLIC
-    $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}> $<BUILD_INTERFACE:${PANELIX_GENERATED_DIR}>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}> $<BUILD_INTERFACE:${PANELIX_GENERATED_DIR}>)
   target_link_libraries(${name} PUBLIC ${arg_LAYERS} PRIVATE ${arg_LINKS})
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT WIN32)
     # Nobody replaces a library's own functions from outside, so its calls to itself may be direct and inlined.

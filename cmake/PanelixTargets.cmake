@@ -40,6 +40,7 @@ endfunction()
 # panelix_library(NAME EXPORT_MACRO macro EXPORT_HEADER path FOLDERS folder... [LAYERS target...] [LINKS lib...])
 # One layer: a shared library of the sources in FOLDERS. LAYERS are the layers below, which its headers may include;
 # LINKS are what only its sources use. A layer without sources, or above a layer without any, is left out.
+# Other projects know it by its name without the D that ends all of them.
 function(panelix_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "EXPORT_MACRO;EXPORT_HEADER" "FOLDERS;LAYERS;LINKS")
   panelix_glob(sources ${arg_FOLDERS})
@@ -49,7 +50,8 @@ function(panelix_library name)
     return()
   endif()
   add_library(${name} SHARED ${sources})
-  add_library(Panelix::${name} ALIAS ${name})
+  string(REGEX REPLACE "D$" "" export_name ${name})
+  add_library(Panelix::${export_name} ALIAS ${name})
   panelix_set_warnings(${name})
   generate_export_header(${name} BASE_NAME ${arg_EXPORT_MACRO} EXPORT_MACRO_NAME ${arg_EXPORT_MACRO}
     EXPORT_FILE_NAME ${PANELIX_GENERATED_DIR}/${arg_EXPORT_HEADER})
@@ -69,7 +71,7 @@ function(panelix_library name)
   if(WIN32)
     set_target_properties(${name} PROPERTIES PREFIX "")
   endif()
-  set_target_properties(${name} PROPERTIES INSTALL_RPATH "$ORIGIN")
+  set_target_properties(${name} PROPERTIES EXPORT_NAME ${export_name} INSTALL_RPATH "$ORIGIN")
   set_property(GLOBAL APPEND PROPERTY PANELIX_LIBRARIES ${name})
 endfunction()
 

@@ -26,7 +26,7 @@ const NbVec2i32 kSize(640, 400);
 /// What stands around the panel. A pixel of the dialog is one unit of the scene, and its top left corner is the origin.
 /// Seen from here, a unit is a pixel again.
 constexpr std::string_view kSurroundings = R"(#Arbora V2.1 ascii
-PerspectiveCamera { position 80 -90 600 heightAngle 0.6435 nearDistance 100 farDistance 1000 }
+PerspectiveCamera { position 75 -130 600 heightAngle 0.6435 nearDistance 100 farDistance 1000 }
 DirectionalLight { direction 0.2 -0.3 -1 }
 Separator {
   Translation { translation -100 -120 -40 }
@@ -76,6 +76,8 @@ bool show(NkSeparator* scene, NkTopLevelDialog* dialog) {
   area.setSize(kSize);
   area.setSceneGraph(scene);
   area.show();
+  // Beside it.
+  dialog->position = NbVec2i32(700, 60);
   dialog->buildDialog(nullptr, 0);
   dialog->show();
   return NkWin::mainLoop() == 0;
@@ -99,6 +101,9 @@ int main(int argc, char** argv) {
   bool done = false;
   if (auto* dialog = dynamic_cast<NkTopLevelDialog*>(NkPanelix::loadFromFile(DIALOG_FILE, "export"))) {
     dialog->addAuditor(&exportAuditor);
+    // A dialog of its own, which the window of the first one opens.
+    if (auto* advanced = dynamic_cast<NkTopLevelDialog*>(dialog->searchForAuditorId("advanced")))
+      advanced->addAuditor(&exportAuditor);
     if (auto* compress = dynamic_cast<NkDialogCheckBox*>(dialog->searchForAuditorId("compress")))
       compress->addAuditor(&compressionAuditor);
     const arbora::Ref<NkSeparator> scene = makeScene(dialog);

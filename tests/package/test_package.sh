@@ -46,7 +46,7 @@ cd "$work"
 cp "$root/examples/dialogs/export-options.arb" .
 run_quietly "$prefix/bin/panelix" render export-options.arb -o installed-program.png
 run_quietly "$work/example/export-options" --picture "${picture##*/}"
-read -r red green blue < <(convert "$picture" -depth 8 -crop 1x1+140+230 rgb:- | od -An -tu1)
+read -r red green blue < <(convert "$picture" -depth 8 -crop 1x1+125+180 rgb:- | od -An -tu1)
 ((red > 2 * blue && red > green && green > blue)) || fail "no orange ball in $picture: $red $green $blue"
-read -r red green blue < <(convert "$picture" -depth 8 -crop 1x1+400+115 rgb:- | od -An -tu1)
+read -r red green blue < <(convert "$picture" -depth 8 -crop 1x1+405+75 rgb:- | od -An -tu1)
 ((blue > 200 && red < blue && red == green)) || fail "no panel in $picture: $red $green $blue"

@@ -1,8 +1,10 @@
 #include "tests/tools/Program.h"
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <thread>
 
 #include "tests/support/TestSupport.h"
 
@@ -35,6 +37,15 @@ Program::~Program() {
 std::string Program::out() const { return withPlainNewlines(readFile(m_outFile)); }
 
 std::string Program::err() const { return withPlainNewlines(readFile(m_errFile)); }
+
+bool waitUntil(const std::function<bool()>& condition) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  }
+  return true;
+}
 
 Result runPanelix(const std::vector<std::string>& words) {
   Program program(PANELIX_PROGRAM, words);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,9 @@ private:
   void* m_process = nullptr; // Of the system; NULL once it has ended.
   int m_exitCode = -1;
 };
+
+/// Waits until the condition holds; false if it doesn't within twenty seconds.
+bool waitUntil(const std::function<bool()>& condition);
 
 struct Result {
   int exitCode;

@@ -1,25 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <thread>
-
 #include "tests/support/TestSupport.h"
 #include "tests/tools/Picture.h"
 #include "tests/tools/Program.h"
 #include "tests/win/Desktop.h"
 
 namespace {
-
-/// Waits until the condition holds; false if it doesn't within twenty seconds.
-template <class Condition>
-bool waitUntil(Condition condition) {
-  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  }
-  return true;
-}
 
 bool isRed(Picture::Pixel pixel) { return pixel[0] > 150 && pixel[1] < 60 && pixel[2] < 60; }
 

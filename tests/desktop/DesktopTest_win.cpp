@@ -3,7 +3,9 @@
 #include <string_view>
 #include <utility>
 
+#include "Panelix/NkDialogCheckBox.h"
 #include "Panelix/NkDialogLabel.h"
+#include "Panelix/NkDialogPushButton.h"
 #include "Panelix/NkDialogSeparator.h"
 #include "arbora/scene/NkDB.h"
 #include "arbora/scene/NkInput.h"
@@ -27,6 +29,10 @@ class WhatStays : public ::testing::Environment {
       label->label = "text";
       dialog->addChild(label);
       dialog->addChild(new NkDialogSeparator);
+      dialog->addChild(new NkDialogPushButton);
+      auto* box = new NkDialogCheckBox;
+      box->state = TRUE;
+      dialog->addChild(box);
       dialog->buildDialog(nullptr, 0);
       dialog->show();
       const HWND other = CreateWindowExA(0, "STATIC", "application", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 200,

@@ -1,11 +1,17 @@
 #pragma once
 
+#include <functional>
+
 #include "DialogTest.h"
+#include "Panelix/NkDialogCheckBox.h"
 #include "Panelix/NkDialogLabel.h"
+#include "Panelix/NkDialogPushButton.h"
 #include "Panelix/NkDialogSeparator.h"
 #include "Panelix/NkTopLevelDialog.h"
 #include "arbora/base/NkPreferences.h"
 #include "arbora/scene/NkDBImpl.h"
+#include "arbora/scene/NkFieldSensor.h"
+#include "tests/dialog/SceneUser.h"
 
 /// A component whose natural sizes a test sets, and which notes what it is told.
 class Block : public NkDialogComponent {
@@ -50,6 +56,39 @@ private:
   panelix::SizeTriple m_standard;
 };
 
+/// A component with a label area of a known size, which is built without a parent.
+template <class Component>
+class Alone : public Opened<Component> {
+public:
+  using Component::change3DLabelVisibility;
+  using Component::getDefaultState;
+
+  NbVec2i32 getLabelInitSize() override { return labelArea; }
+  void build(int w, int h) {
+    NbVec2i32 size(w, h);
+    NbVec2i32 corner(0, 0);
+    this->buildWidget(nullptr, size, corner, 0);
+  }
+  panelix::SizeTriple defaults() {
+    panelix::SizeTriple triple;
+    this->getDefaultSize(triple.size, triple.min, triple.max);
+    return triple;
+  }
+
+  NbVec2i32 labelArea{40, 16};
+};
+
+/// Holds the 3D input until another component takes it.
+class Holder : public Opened<Block> {
+public:
+  void take() { set3DCurrentActive(this); }
+  void set3DInactive() override {
+    ++told;
+    NkPanelix::set3DInactive();
+  }
+  int told = 0;
+};
+
 /// Fixture for forms: dialogs are built in 3D on every system.
 class FormsTest : public DialogTest {
 protected:
@@ -64,6 +103,8 @@ protected:
       const arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
       dialog->addChild(new NkDialogLabel);
       dialog->addChild(new NkDialogSeparator);
+      dialog->addChild(new NkDialogPushButton);
+      dialog->addChild(new NkDialogCheckBox);
       NbVec2i32 size(0, 0);
       NbVec2i32 corner(0, 0);
       dialog->buildWidget(nullptr, size, corner, 0);
@@ -74,4 +115,46 @@ protected:
 
 private:
   const bool m_wasVerra;
+};
+
+/// Runs a function inside each write of a field.
+class OnWrite {
+public:
+  OnWrite(NkField& field, std::function<void()> run) : m_run(std::move(run)), m_sensor(&fire, this) {
+    m_sensor.setPriority(0);
+    m_sensor.attach(&field);
+  }
+
+private:
+  static void fire(void* data, NkSensor*) {
+    auto* self = static_cast<OnWrite*>(data);
+    ++self->m_depth;
+    if (self->m_depth == 1) self->m_run();
+    --self->m_depth;
+  }
+
+  std::function<void()> m_run;
+  int m_depth = 0;
+  NkFieldSensor m_sensor;
+};
+
+using Pixels = std::vector<float>;
+
+inline void expectPixels(const Pixels& pixels, const Pixels& expected) {
+  ASSERT_EQ(pixels.size(), expected.size());
+  for (std::size_t i = 0; i < pixels.size(); ++i) EXPECT_NEAR(pixels[i], expected[i], 1e-3) << "value " << i;
+}
+
+/// Fixture for a panel of 200 by 150 in a scene.
+class PanelTest : public FormsTest, protected SceneUser {
+protected:
+  PanelTest() {
+    panel->width = 200;
+    panel->height = 150;
+    root->addChild(panel);
+  }
+
+  void build() { panel->buildDialog(nullptr, 0); }
+
+  Opened<NkTopLevelDialog>* panel = new Opened<NkTopLevelDialog>;
 };

@@ -1,31 +1,13 @@
 #include <cmath>
-#include <functional>
-#include <memory>
 
 #include "FormsTest.h"
 #include "Panelix/NkColumnDialog.h"
 #include "Panelix/NkMenuBar.h"
 #include "Panelix/NkRowDialog.h"
 #include "arbora/scene/NkChildList.h"
-#include "arbora/scene/NkFieldSensor.h"
-#include "arbora/scene/NkGetBoundingBoxAction.h"
-#include "arbora/scene/NkHandleEventAction.h"
-#include "arbora/scene/NkLocation2Event.h"
-#include "arbora/scene/NkMaterial.h"
-#include "arbora/scene/NkMouseButtonEvent.h"
 #include "arbora/scene/NkNodeKitDetail.h"
 #include "arbora/scene/NkNodeSensor.h"
-#include "arbora/scene/NkOrthographicCamera.h"
-#include "arbora/scene/NkPath.h"
-#include "arbora/scene/NkPickStyle.h"
-#include "arbora/scene/NkPickedPoint.h"
-#include "arbora/scene/NkRayPickAction.h"
 #include "arbora/scene/NkScale.h"
-#include "arbora/scene/NkSearchAction.h"
-#include "arbora/scene/NkSwitch.h"
-#include "arbora/scene/NkText3.h"
-#include "arbora/scene/NkTransform.h"
-#include "arbora/scene/NkTranslation.h"
 
 // The 3D form in a scene, used as a user does.
 
@@ -33,153 +15,24 @@ using arbora::Ref;
 
 namespace {
 
-/// Opens the parts of a component to the tests.
-template <class Component>
-class Opened : public Component {
-public:
-  using Component::Component;
-  NkNode* part(const char* name) { return this->getAnyPart(name, false); }
-  NkGroup* group(const char* name) { return static_cast<NkGroup*>(part(name)); }
-  NkSwitch* choice(const char* name) { return static_cast<NkSwitch*>(part(name)); }
-  bool isShown() { return choice("geomSwitch")->whichChild.getValue() == NK_SWITCH_ALL; }
-  int pickStyle() { return this->m_pickStyle->style.getValue(); }
-  NbColor glow() { return this->m_disableMaterial->emissiveColor[0]; }
-};
-
 using Panel = Opened<NkTopLevelDialog>;
 using Part = Opened<Block>;
 
 Part* high(int height) { return new Part(panelix::SizeTriple{{100, height}, {1, 1}, {1000, 1000}}); }
 
-NbVec3f translationOf(NkNode* node) { return static_cast<NkTranslation*>(node)->translation.getValue(); }
-
-std::string typesOf(NkGroup* group) {
-  std::string text;
-  for (int i = 0; i < group->getNumChildren(); ++i)
-    text += std::string(group->getChild(i)->getTypeId().getName().getString()) + " ";
-  return text;
-}
-
-/// Runs a function inside each write of a field.
-class OnWrite {
-public:
-  OnWrite(NkField& field, std::function<void()> run) : m_run(std::move(run)), m_sensor(&fire, this) {
-    m_sensor.setPriority(0);
-    m_sensor.attach(&field);
-  }
-
-private:
-  static void fire(void* data, NkSensor*) {
-    auto* self = static_cast<OnWrite*>(data);
-    ++self->m_depth;
-    if (self->m_depth == 1) self->m_run();
-    --self->m_depth;
-  }
-
-  std::function<void()> m_run;
-  int m_depth = 0;
-  NkFieldSensor m_sensor;
-};
-
 } // namespace
 
-/// A scene of 800 by 600 pixels, each as large as a unit, with the origin in the upper left corner, as the panel's
-/// fields count. It holds a panel of 200 by 150 with a component in it.
-class Forms3D : public FormsTest {
+/// A panel with a component in it.
+class Forms3D : public PanelTest {
 protected:
-  Forms3D() : action(NbViewportRegion(800, 600)), root(new NkSeparator) {
-    auto* camera = new NkOrthographicCamera;
-    camera->position.setValue(400, -300, 500);
-    camera->height = 600;
-    camera->farDistance = 1000;
-    root->addChild(camera);
-    place = new NkTransform;
-    root->addChild(place);
-    panel = new Panel;
-    panel->width = 200;
-    panel->height = 150;
-    root->addChild(panel);
-    child = high(30);
-    panel->addChild(child);
-  }
+  Forms3D() { panel->addChild(child); }
 
-  void build() { panel->buildDialog(nullptr, 0); }
-
-  // The user
-
-  void send(NkEvent& event, int x, int y) {
-    event.setPosition(NbVec2i32(x, 600 - y));
-    action.setEvent(&event);
-    action.apply(root.get());
-    action.setEvent(nullptr);
-  }
-  void button(NkButtonEvent::State state, int x, int y) {
-    NkMouseButtonEvent event;
-    event.setButton(NkMouseButtonEvent::BUTTON1);
-    event.setState(state);
-    send(event, x, y);
-  }
-  void press(int x, int y) { button(NkButtonEvent::DOWN, x, y); }
-  void release(int x, int y) { button(NkButtonEvent::UP, x, y); }
-  void move(int x, int y) {
-    NkLocation2Event event;
-    send(event, x, y);
-  }
-  void click(int x, int y) {
-    press(x, y);
-    release(x, y);
-  }
-  void drag(int fromX, int fromY, int toX, int toY) {
-    press(fromX, fromY);
-    move((fromX + toX) / 2, (fromY + toY) / 2);
-    move(toX, toY);
-    release(toX, toY);
-  }
-
-  // What is seen
-
-  static NbBox3f boxOf(NkNode* node) {
-    NkGetBoundingBoxAction measure;
-    measure.apply(node);
-    return measure.getBoundingBox();
-  }
-  /// The box of a node of the scene, in the space of the scene.
-  NbBox3f worldBoxOf(NkNode* node) {
-    NkSearchAction search;
-    search.setNode(node);
-    search.apply(root.get());
-    NkGetBoundingBoxAction measure;
-    EXPECT_TRUE(search.getPath());
-    if (search.getPath()) measure.apply(search.getPath());
-    return measure.getBoundingBox();
-  }
   /// The frame of a component, as x, y, width and height in pixels, y downwards.
-  std::vector<float> frameOf(Opened<Block>* component) {
-    return inPixels(worldBoxOf(component->part("edgeStyleSwitch")));
-  }
-  std::vector<float> panelFrame() { return inPixels(worldBoxOf(panel->part("frame"))); }
-  static std::vector<float> inPixels(const NbBox3f& box) {
-    const NbVec3f size = box.getSize();
-    return {box.getMin()[0], -box.getMax()[1], size[0], size[1]};
-  }
+  Pixels frameOf(Opened<Block>* component) { return inPixels(worldBoxOf(component->part("edgeStyleSwitch"))); }
+  Pixels panelFrame() { return inPixels(worldBoxOf(panel->part("frame"))); }
 
-  NkHandleEventAction action;
-  Ref<NkSeparator> root;
-  NkTransform* place;
-  Panel* panel;
-  Part* child;
+  Part* child = high(30);
 };
-
-using Pixels = std::vector<float>;
-
-namespace {
-
-void expectPixels(const Pixels& pixels, const Pixels& expected) {
-  ASSERT_EQ(pixels.size(), expected.size());
-  for (std::size_t i = 0; i < pixels.size(); ++i) EXPECT_NEAR(pixels[i], expected[i], 1e-3) << "value " << i;
-}
-
-} // namespace
 
 // What it is made of
 

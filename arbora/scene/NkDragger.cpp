@@ -158,6 +158,7 @@ void NkDragger::handleEvent(NkHandleEventAction* action) {
   }
   const bool isPress = !m_drag && phaseOf(action->getEvent()) == Phase::PRESS;
   const NbMatrix localToWorld = isPress ? action->getState()->model : NbMatrix();
+  action->setInterest(hasSurrogates() ? NkHandleEventAction::EVERYTHING : NkHandleEventAction::PRESSES);
   NkInteractionKit::handleEvent(action);
   if (isPress && !m_drag && !action->isHandled()) tryToGrab(action, localToWorld);
 }

@@ -62,6 +62,9 @@ public:
   void handleEvent(NkHandleEventAction* action) override;
   void setDefaultOnNonWritingFields() override;
 
+  /// The event is one with which a drag begins.
+  static bool isPress(const NkEvent* event) { return phaseOf(event) == Phase::PRESS; }
+
   /// Called by the action when the dragger gets the grab, and when it loses it: what is left of a drag then ends
   /// without a callback.
   virtual void grabEventsSetup();

@@ -36,6 +36,7 @@ void NkEventCallback::releaseEvents() {
 }
 
 void NkEventCallback::handleEvent(NkHandleEventAction* action) {
+  action->setInterest(NkHandleEventAction::EVERYTHING);
   const NkEvent* event = action->getEvent();
   // The grabber had the event already, ahead of the scene.
   if (!event || m_callbacks.isEmpty() || (action->getGrabber() == this && action->getCurPathLength() > 0)) return;

@@ -3,6 +3,7 @@
 #include "arbora/scene/NkDragger.h"
 #include "arbora/scene/NkEvent.h"
 #include "arbora/scene/NkPath.h"
+#include "arbora/scene/NkPickedPoint.h"
 #include "arbora/scene/NkRayPickAction.h"
 #include "arbora/scene/NkTrackerEvent.h"
 
@@ -95,6 +96,26 @@ void NkHandleEventAction::apply(NkPath* path) {
 
 void NkHandleEventAction::dispatch(NkNode* node) {
   if (!m_handled) node->handleEvent(this);
+}
+
+// Leaving out
+
+bool NkHandleEventAction::isOfInterest(Interest interest) {
+  if (interest != PRESSES) return interest == EVERYTHING;
+  return NkDragger::isPress(m_event) && isPickedBelow();
+}
+
+bool NkHandleEventAction::isPickedBelow() {
+  const NkPickedPoint* point = getPickedPoint();
+  if (!point) return false;
+  const NkFullPath* path = point->getPath()->full();
+  const int depth = getCurPathLength();
+  if (path->getLength() < depth) return false;
+  // The same node can stand in several places.
+  for (int i = depth - 1; i >= 0; --i) {
+    if (path->getNode(i) != getCurPathNode(i) || path->getIndex(i) != getCurPathIndex(i)) return false;
+  }
+  return true;
 }
 
 // Picking

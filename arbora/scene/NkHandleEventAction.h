@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
 #include "arbora/scene/NkAction.h"
+#include "arbora/scene/NkNode.h"
 #include "arbora/scene/NkNodeSensor.h"
 
 class NkEvent;
@@ -36,6 +38,34 @@ public:
   void setHandled();
   bool isHandled() const { return m_handled; }
 
+  /// What the nodes of a subgraph take of the events that come to them.
+  enum Interest { NOTHING = 0, PRESSES = 1, EVERYTHING = 2 };
+  /// For nodes that override `handleEvent`, in each call: the node is to be visited by further events, or only by
+  /// presses that hit it. Subgraphs in which no node has said so are left out, until something in them changes.
+  void setInterest(Interest interest) { m_interest = m_interest < interest ? interest : m_interest; }
+  /// What an event has learnt of a subgraph, as it was then.
+  struct Learnt {
+    std::uint64_t nodeId = 0;
+    Interest interest = EVERYTHING;
+  };
+
+  /// For nodes that keep what was learnt: visits the content of the node that the traversal has come to, as far as it
+  /// takes the event.
+  template <class Visit>
+  void visitContent(const NkNode* node, Learnt& learnt, Visit&& visit) {
+    const std::uint64_t nodeId = node->getNodeId();
+    const Interest outer = m_interest;
+    if (learnt.nodeId != nodeId || isOfInterest(learnt.interest)) {
+      m_interest = NOTHING;
+      visit();
+      // What was ended early was not seen whole.
+      learnt = hasTerminated() ? Learnt() : Learnt{nodeId, m_interest};
+    } else {
+      m_interest = learnt.interest;
+    }
+    setInterest(outer);
+  }
+
   /// The node that gets the events first; the one that had them before is told. NULL takes the grab off. A node that
   /// goes loses it.
   void setGrabber(NkNode* node);
@@ -63,13 +93,18 @@ private:
   template <class Target>
   void applyTo(Target* target, NkNode* root);
   const NkRayPickAction* pick(bool all);
+
+  bool isOfInterest(Interest interest);
+  /// What was picked lies in the node, in the place that the traversal has come to.
+  bool isPickedBelow();
   static void grabberDies(void* data, NkSensor* sensor);
 
   static NkType s_classTypeId;
   const NkEvent* m_event = nullptr;
   NkNode* m_root = nullptr;
   bool m_handled = false;
-  NkNode* m_grabber = nullptr; // Not owned; watched, so that it is forgotten when it goes.
+  Interest m_interest = NOTHING; // Of what has been visited so far.
+  NkNode* m_grabber = nullptr;   // Not owned; watched, so that it is forgotten when it goes.
   NkNodeSensor m_grabberWatch;
   float m_pickRadius = 0.0F;
   // What was picked for the present event.

@@ -37,6 +37,42 @@ bool NkInteractionKit::setPartAsDefault(const NbName& partName, const NbName& no
   return setPartAsDefault(partName, NkNode::getByName(nodeName), onlyIfAlready);
 }
 
+// Traversal
+
+bool NkInteractionKit::keepsBox() const {
+  // The separator of a kit without further children keeps its box.
+  return getChildren()->getLength() > 1;
+}
+
+bool NkInteractionKit::dropCaches(NkNotification& notification) {
+  if (m_box) m_box->drop();
+  return NkBaseKit::dropCaches(notification);
+}
+
+void NkInteractionKit::getBoundingBox(NkGetBoundingBoxAction* action) {
+  const auto traverse = [&] { NkBaseKit::getBoundingBox(action); };
+  if (!keepsBox()) {
+    traverse();
+    return;
+  }
+  if (!m_box) m_box = std::make_unique<arbora::BoxCache>();
+  m_box->extend(action, traverse);
+}
+
+bool NkInteractionKit::isMissed(NkRayPickAction* action) {
+  if (!keepsBox()) return false;
+  if (!m_box) m_box = std::make_unique<arbora::BoxCache>();
+  return m_box->isMissed(action, this);
+}
+
+void NkInteractionKit::rayPick(NkRayPickAction* action) {
+  if (!isMissed(action)) NkBaseKit::rayPick(action);
+}
+
+void NkInteractionKit::handleEvent(NkHandleEventAction* action) {
+  action->visitContent(this, m_learnt, [&] { NkBaseKit::handleEvent(action); });
+}
+
 // Surrogates
 
 bool NkInteractionKit::setPartAsPath(const NbName& partName, NkPath* surrogate) {
@@ -52,6 +88,7 @@ bool NkInteractionKit::setPartAsPath(const NbName& partName, NkPath* surrogate) 
   entry.tail = arbora::Ref<NkNode>(full->getTail());
   if (!m_surrogates) m_surrogates = std::make_unique<std::vector<Surrogate>>();
   m_surrogates->push_back(std::move(entry));
+  touch();
   return true;
 }
 

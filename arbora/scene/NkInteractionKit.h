@@ -3,7 +3,9 @@
 #include <memory>
 #include <vector>
 
+#include "arbora/scene/BoxCache.h"
 #include "arbora/scene/NkBaseKit.h"
+#include "arbora/scene/NkHandleEventAction.h"
 
 class NkPath;
 
@@ -30,12 +32,21 @@ public:
   /// back. False, with a message, if there is no such public part.
   bool setPartAsPath(const NbName& partName, NkPath* surrogate);
 
+  void getBoundingBox(NkGetBoundingBoxAction* action) override;
+  void handleEvent(NkHandleEventAction* action) override;
+  void rayPick(NkRayPickAction* action) override;
+
 protected:
   ~NkInteractionKit() override;
 
   bool setAnyPart(const NbName& partName, NkNode* node, bool anyPart = true) override;
+  bool dropCaches(NkNotification& notification) override;
+  /// True if a ray passes the kit by.
+  bool isMissed(NkRayPickAction* action);
   /// The beginning of a pick path that ends at a surrogate of this kit; NULL if the pick went through none.
   arbora::Ref<NkPath> findSurrogate(NkPath* pickPath) const;
+
+  bool hasSurrogates() const { return m_surrogates && !m_surrogates->empty(); }
 
   /// Makes or breaks the connections between the kit's fields and its parts, and gives the previous state. Nothing
   /// happens if they stand as wished, unless `doItAlways`. A class with connections overrides it.
@@ -53,8 +64,11 @@ private:
     arbora::Ref<NkNode> tail;
   };
   void removeSurrogate(const NbName& partName);
+  bool keepsBox() const;
 
   NkSFNode topSeparator;
   NkSFNode geomSeparator;
   std::unique_ptr<std::vector<Surrogate>> m_surrogates; // Few kits have any.
+  NkHandleEventAction::Learnt m_learnt;
+  std::unique_ptr<arbora::BoxCache> m_box;
 };

@@ -22,6 +22,7 @@ public:
   void GLRender(NkGLRenderAction* action) override;
   void getMatrix(NkGetMatrixAction* action) override;
   void getBoundingBox(NkGetBoundingBoxAction* action) override;
+  void handleEvent(NkHandleEventAction* action) override;
   void rayPick(NkRayPickAction* action) override;
 
   /// Place of the caches; for the actions of this library.
@@ -32,6 +33,5 @@ protected:
   bool dropCaches(NkNotification& notification) override;
 
 private:
-  void measureContent(NkGetBoundingBoxAction* action);
   std::unique_ptr<arbora::SeparatorCache> m_cache;
 };

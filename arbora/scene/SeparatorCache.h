@@ -1,10 +1,9 @@
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
-#include "arbora/base/NbBox3f.h"
-#include "arbora/scene/NkState.h"
+#include "arbora/scene/BoxCache.h"
+#include "arbora/scene/NkHandleEventAction.h"
 #include "arbora/scene/export.h"
 
 namespace arbora {
@@ -19,19 +18,10 @@ struct ARBORA_API SeparatorCache {
   SeparatorCache(const SeparatorCache&) = delete;
   SeparatorCache& operator=(const SeparatorCache&) = delete;
 
-  /// The box of the content in the separator's local space, and what of the inherited state it depends on.
-  struct Box {
-    bool valid = false;
-    /// Grows with every change below the separator that it hears of.
-    unsigned changes = 0;
-    NbBox3f box;
-    unsigned used = 0; // NkState::Element bits.
-    FontStyle font;
-    std::uint64_t coordinatesId = 0;
-    int switchChild = 0;
-    bool fits(const NkState& state) const;
-  };
-  Box box;
+  BoxCache box;
+
+  /// What events find below the separator.
+  NkHandleEventAction::Learnt learnt;
 
   /// Every place in a draw list that this separator's content has: one per visit. Each separator that a draw list
   /// visits has one, so a change that was told to all of them is told to every list (`NkNotification::drawn`), for what

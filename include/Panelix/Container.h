@@ -97,7 +97,9 @@ public:
     NkNode::search(action);
     m_childNodes.search(action);
   }
-  void rayPick(NkRayPickAction* action) override { m_childNodes.rayPick(action); }
+  void rayPick(NkRayPickAction* action) override {
+    if (!this->isMissed(action)) m_childNodes.rayPick(action);
+  }
 
   void write(NkWriteAction* action) override {
     NkOutput* out = action->getOutput();

@@ -100,6 +100,8 @@ public:
   /// how escapes and line feeds count; it may be NULL.
   static NbVec2i32 getLabelPixelSize(NbString text, NkPanelix* node);
 
+  void GLRender(NkGLRenderAction* action) override;
+
   // Virtual operations
 
   /// Builds or updates one form: the 2D form inside `parent` if `is2D` isn't 0, otherwise the 3D form. A `size` other
@@ -139,6 +141,7 @@ protected:
   NkPanelix();
   ~NkPanelix() override;
   void destroy() override;
+  bool dropCaches(NkNotification& notification) override;
 
   /// Takes the file that holds the node out of the cache.
   static void destroyByRef(NkPanelix* node);

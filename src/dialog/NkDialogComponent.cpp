@@ -403,7 +403,7 @@ void NkDialogComponent::getBoundingBox(NkGetBoundingBoxAction* action) {
     buildWidget(nullptr, size, position, 0);
     enableNotify(wasEnabled);
   }
-  NkBaseKit::doAction(action);
+  NkTopComponent::getBoundingBox(action);
 }
 
 void NkDialogComponent::rayPick(NkRayPickAction* action) {

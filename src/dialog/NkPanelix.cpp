@@ -6,12 +6,14 @@
 #include "Panelix/Vocabulary.h"
 #include "arbora/base/NkModule.h"
 #include "arbora/scene/NkDB.h"
+#include "arbora/scene/NkGLRenderAction.h"
 #include "arbora/scene/NkGetBoundingBoxAction.h"
 #include "arbora/scene/NkGetMatrixAction.h"
 #include "arbora/scene/NkInput.h"
 #include "arbora/scene/NkInteraction.h"
 #include "arbora/scene/NkMaterial.h"
 #include "arbora/scene/NkNodeKit.h"
+#include "arbora/scene/NkNotification.h"
 #include "arbora/scene/NkOutput.h"
 #include "arbora/scene/NkPath.h"
 #include "arbora/scene/NkPickStyle.h"
@@ -282,6 +284,19 @@ void NkPanelix::forEachAuditor(const std::function<void(NkAuditor*)>& call) {
 }
 
 // 3D form
+
+bool NkPanelix::dropCaches(NkNotification& notification) {
+  // What a field says is drawn by way of the parts.
+  const NkField* field = notification.origin == this ? notification.field : nullptr;
+  if (isBuilt3D() && field && field->getTypeId() != NkSFNode::getClassTypeId()) notification.drawn = true;
+  return NkDragger::dropCaches(notification);
+}
+
+void NkPanelix::GLRender(NkGLRenderAction* action) {
+  // The form comes into being when it is measured.
+  if (!isBuilt3D()) NkGetBoundingBoxAction::measureWithin(*action, this);
+  NkDragger::GLRender(action);
+}
 
 void NkPanelix::show3D(int on) {
   NkInteractionKit::setSwitchValue(geomSwitch.getValue(), on ? NK_SWITCH_ALL : NK_SWITCH_NONE);

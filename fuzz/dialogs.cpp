@@ -1,5 +1,6 @@
-// Bytes become changes to a handful of components: children come and go, fields are written, auditors interfere, and
-// what stands is written and read back, which must give the same.
+// Bytes become changes to a handful of components: children come and go, fields are written, forms are built and taken
+// down, the pointer clicks and drags, auditors interfere, and what stands is written and read back, which must give the
+// same.
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -26,8 +27,15 @@
 #include "Panelix/NkMenuRadioButtons.h"
 #include "Panelix/NkTabDialog.h"
 #include "arbora/scene/NkDB.h"
+#include "arbora/scene/NkDBImpl.h"
 #include "arbora/scene/NkFieldData.h"
+#include "arbora/scene/NkGetBoundingBoxAction.h"
+#include "arbora/scene/NkHandleEventAction.h"
+#include "arbora/scene/NkLocation2Event.h"
+#include "arbora/scene/NkMouseButtonEvent.h"
+#include "arbora/scene/NkOrthographicCamera.h"
 #include "arbora/scene/NkSeparator.h"
+#include "arbora/win/NkWin.h"
 #include "tests/scene/Trees.h"
 
 namespace {
@@ -36,6 +44,7 @@ using arbora::Ref;
 
 constexpr int kMostNodes = 200;
 constexpr std::size_t kMostTrees = 8;
+constexpr int kSceneSize = 256; // In pixels, each as large as a unit.
 
 /// The input; zeros behind its end.
 class Bytes {
@@ -136,15 +145,24 @@ bool stands(const NkPanelix* node, const NkPanelix* above) {
 
 class Run {
 public:
-  Run(Bytes& bytes, int before) : m_bytes(bytes), m_before(before), m_listener(*this), m_boxListener(*this) {}
+  Run(Bytes& bytes, int before)
+      : m_bytes(bytes), m_before(before), m_listener(*this), m_boxListener(*this),
+        m_pointer(NbViewportRegion(kSceneSize, kSceneSize)), m_scene(new NkSeparator) {
+    auto* camera = new NkOrthographicCamera;
+    camera->position.setValue(kSceneSize / 2.0F, -kSceneSize / 2.0F, 500);
+    camera->height = kSceneSize;
+    camera->farDistance = 1000;
+    m_scene->addChild(camera);
+  }
   ~Run() {
     while (!m_nodes.empty()) drop();
+    m_scene->removeAllChildren();
   }
   Run(const Run&) = delete;
   Run& operator=(const Run&) = delete;
 
   void step() {
-    switch (m_bytes.below(12)) {
+    switch (m_bytes.below(16)) {
       case 0:
         changeTrees();
         break;
@@ -163,6 +181,16 @@ public:
         break;
       case 6:
         if (NkPanelix* node = anyTree()) checkFiles(node);
+        break;
+      case 7:
+        changeScene();
+        break;
+      case 8:
+        changeForms();
+        break;
+      case 9:
+      case 10:
+        movePointer();
         break;
       default:
         changeChildren();
@@ -389,10 +417,76 @@ private:
     }
   }
 
-  static void checkFiles(NkPanelix* node) {
+  /// Puts a tree into the scene, or takes one out.
+  void changeScene() {
+    const int inScene = m_scene->getNumChildren() - 1;
+    if (m_bytes.below(4) == 0 && inScene > 0)
+      m_scene->removeChild(1 + m_bytes.below(inScene));
+    else if (NkPanelix* node = anyTree())
+      if (node->getParents().isEmpty()) m_scene->addChild(node);
+  }
+
+  void changeForms() {
+    m_hasForms = true;
+    const Ref<NkPanelix> node(any());
+    if (!node) return;
+    auto* dialog = dynamic_cast<NkTopLevelDialog*>(node.get());
+    auto* component = dynamic_cast<NkDialogComponent*>(node.get());
+    switch (m_bytes.below(8)) {
+      case 0:
+        node->destroyWidget();
+        break;
+      case 1:
+        node->resetSize();
+        break;
+      case 2:
+        if (dialog) dialog->updateAfterSceneGraphChange();
+        break;
+      case 3:
+        if (component) component->eventNotify(BN_CLICKED, 0);
+        break;
+      case 4:
+        node->show3D(m_bytes.below(2));
+        break;
+      case 5:
+        if (dialog) dialog->buildDialog(nullptr, 0);
+        break;
+      case 6: {
+        NbVec2i32 size(m_bytes.integer(), m_bytes.integer());
+        NbVec2i32 corner(m_bytes.integer(), m_bytes.integer());
+        node->buildWidget(nullptr, size, corner, m_bytes.below(2));
+        break;
+      }
+      default:
+        NkGetBoundingBoxAction(m_pointer.getViewportRegion()).apply(m_scene.get());
+    }
+  }
+
+  /// The three acts of a user come in any order. Whoever is clicked is built.
+  void movePointer() {
+    m_hasForms = true;
+    NkMouseButtonEvent button;
+    button.setButton(NkMouseButtonEvent::BUTTON1);
+    NkLocation2Event motion;
+    const int act = m_bytes.below(3);
+    button.setState(act == 0 ? NkButtonEvent::DOWN : NkButtonEvent::UP);
+    NkEvent& event = act == 2 ? static_cast<NkEvent&>(motion) : button;
+    event.setPosition(NbVec2i32(m_bytes.next(), m_bytes.next()));
+    m_pointer.setEvent(&event);
+    m_pointer.apply(m_scene.get());
+    m_pointer.setEvent(nullptr);
+  }
+
+  void checkFiles(NkPanelix* node) const {
     for (const bool binary : {false, true}) {
-      const Ref<NkSeparator> again = read(writeTree(node, binary));
+      const std::string file = writeTree(node, binary);
+      const Ref<NkSeparator> again = read(file);
       if (!again || again->getNumChildren() != 1) std::abort();
+      if (m_hasForms) {
+        // The sizes that a layout has found aren't written.
+        if (writeTree(again->getChild(0), binary) != file) std::abort();
+        continue;
+      }
       const std::string difference = treeDifference(node, again->getChild(0));
       if (difference.empty()) continue;
       std::fprintf(stderr, "%s\n", difference.c_str());
@@ -404,8 +498,11 @@ private:
   const int m_before; ///< Live objects ahead of the run.
   Listener m_listener;
   BoxListener m_boxListener;
+  NkHandleEventAction m_pointer;
+  Ref<NkSeparator> m_scene; ///< Holds some of the trees.
   std::vector<Ref<NkPanelix>> m_nodes;
   bool m_isInterfering = false;
+  bool m_hasForms = false;
 };
 
 void ignore(int /*severity*/, const char* /*location*/, const char* /*text*/, void* /*data*/) {}
@@ -415,6 +512,16 @@ void ignore(int /*severity*/, const char* /*location*/, const char* /*text*/, vo
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
   NkPanelix::init();
   NkDebugError::setHandler(ignore, nullptr);
+  NkWin::setErrorDialogHook([](void*, HWND, const char*, const char*, const char*) {}, nullptr);
+  NkDBImpl::m_isVerra = true;
+  // Skins live for the process.
+  std::vector<NkType> types;
+  NkType::getAllDerivedFrom(NkPanelix::getClassTypeId(), types);
+  for (const NkType type : types) {
+    if (!type.canCreateInstance()) continue;
+    const Ref<NkNode> node(static_cast<NkNode*>(type.createInstance()));
+    NkGetBoundingBoxAction().apply(node.get());
+  }
   return 0;
 }
 

@@ -35,7 +35,8 @@ run_fuzzer() {
   local seeds=()
   [[ -d fuzz/corpus/$name ]] && seeds=("fuzz/corpus/$name")
   mkdir -p "$work"
-  "$program" -max_total_time="$fuzz_seconds" -timeout=20 -rss_limit_mb=3072 -print_final_stats=1 \
+  LSAN_OPTIONS=suppressions=tests/support/lsan.supp:print_suppressions=0:use_tls=0 \
+    "$program" -max_total_time="$fuzz_seconds" -timeout=20 -rss_limit_mb=3072 -print_final_stats=1 \
     -artifact_prefix="$work-" "$work" "${seeds[@]}" >"$work.log" 2>&1
 }
 

@@ -1,13 +1,11 @@
 #include "arbora/gl/NkOffscreenRenderer.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <optional>
 #include <vector>
 
 #include <glad/gl.h>
 
-#include "arbora/base/NbFileHelper.h"
 #include "arbora/base/NkDebugError.h"
 #include "arbora/gl/GLBackend.h"
 #include "arbora/gl/NkGLContext.h"
@@ -181,19 +179,7 @@ bool NkOffscreenRenderer::writePng(const NbString& path) const {
     NkDebugError::post(kLocation, "There is no picture yet");
     return false;
   }
-  std::FILE* file = NbFileHelper::open(path, "wb");
-  if (!file) {
-    NkDebugError::post(kLocation, "%s can't be written", path.toUtf8().c_str());
-    return false;
-  }
-  const std::vector<unsigned char> bytes =
-      arbora::encodePng(target.pixels.data(), target.pixelsSize[0], target.pixelsSize[1], target.pixelsComponents);
-  const bool written = !bytes.empty() && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-  if (std::fclose(file) != 0 || !written) {
-    NkDebugError::post(kLocation, "%s can't be written to its end", path.toUtf8().c_str());
-    return false;
-  }
-  return true;
+  return arbora::writePng(path, target.pixels.data(), target.pixelsSize, target.pixelsComponents, kLocation);
 }
 
 NkGLRenderAction* NkOffscreenRenderer::getGLRenderAction() const { return &m_target->action; }

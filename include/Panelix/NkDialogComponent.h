@@ -33,6 +33,12 @@ public:
   /// The frame window; NULL without a 2D form.
   HWND getWidget() const { return m_widget; }
 
+  // The last layout, in pixels
+  const NbVec2i32& getLabelSize() const { return m_labelSize; }
+  const NbVec2i32& getComponentSize() const { return m_componentSize; }
+  /// Of the upper left corner within the parent.
+  const NbVec2i32& getPosition() const { return m_position; }
+
   /// The area right of the label: within the frame window, from its upper left corner.
   void get2DComponentSize(NbVec2i32& size, NbVec2i32& position) const;
   /// The same in 3D: the position is the area's centre, from the centre of the component.

@@ -72,6 +72,8 @@ public:
   /// Changes to the skin of that path, or of that name in one of the skin directories. Nothing happens if there is
   /// none.
   static void setSkin(NbString nameOrPath);
+  /// 1 if `setSkin` would find it.
+  static int existSkin(NbString nameOrPath);
   /// Where skins are looked for, separated by ";". Nothing is read again.
   static void setSkinsDirectories(NbString directories);
   static NbString getSkinsDirectories();
@@ -267,8 +269,8 @@ private:
 
   void create3DPanelix();
   static NkGroup* readFromFile(const NbString& fileName);
-  /// False if there is no such path.
-  static bool switchToSkin(const NbString& path);
+  /// Where a skin is; empty if there is none.
+  static NbString pathOfSkin(const NbString& nameOrPath);
   /// Switches to the skin of the settings if there is one and no other was set.
   static void findSkin();
 

@@ -117,20 +117,27 @@ int NkPanelix::setSkinsDirectory(NbString nameOrPath) {
 }
 
 void NkPanelix::setSkin(NbString nameOrPath) {
-  if (switchToSkin(nameOrPath) || switchToSkin("./" + nameOrPath)) return;
-  NbStringList directories;
-  NbStringList::split(directories, NbFileHelper::toUnixPath(getSkinsDirectories()), ";");
-  for (int i = 0; i < directories.getLength(); ++i) {
-    if (switchToSkin(*directories[i] + "/" + nameOrPath)) break;
-  }
-  directories.deleteStrings();
-}
-
-bool NkPanelix::switchToSkin(const NbString& path) {
-  if (!NbFileHelper::isAccessible(path, 0)) return false;
+  const NbString path = pathOfSkin(nameOrPath);
+  if (path.isEmpty()) return;
   s_skinsPath = path;
   change3DSkin();
-  return true;
+}
+
+int NkPanelix::existSkin(NbString nameOrPath) { return !pathOfSkin(nameOrPath).isEmpty(); }
+
+NbString NkPanelix::pathOfSkin(const NbString& nameOrPath) {
+  if (NbFileHelper::isAccessible(nameOrPath, 0)) return nameOrPath;
+  NbString path = "./" + nameOrPath;
+  if (NbFileHelper::isAccessible(path, 0)) return path;
+  NbStringList directories;
+  NbStringList::split(directories, NbFileHelper::toUnixPath(getSkinsDirectories()), ";");
+  path = "";
+  for (int i = 0; i < directories.getLength() && path.isEmpty(); ++i) {
+    const NbString candidate = *directories[i] + "/" + nameOrPath;
+    if (NbFileHelper::isAccessible(candidate, 0)) path = candidate;
+  }
+  directories.deleteStrings();
+  return path;
 }
 
 void NkPanelix::findSkin() {

@@ -248,6 +248,8 @@ void NkTopLevelDialog::buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& corn
       createTopLevelWidget();
       changePosition();
       updateTopLevelWidget();
+      // The layout waits for the window's size message, which never comes where no window can be made.
+      if (!existWidget(m_topLevelWidget)) updateChildren();
     }
   } else {
     if (!isBuilt3D()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,23 +16,49 @@ enum ExitCode {
   UNUSABLE = 2 ///< Wrong usage, or there is no display or no OpenGL.
 };
 
+// Of pictures and windows, in pixels
+inline const NbVec2i32 kSceneSize(640, 480); ///< Of a scene, if none is given.
+inline constexpr int kLargestSize = 16384;   ///< On each axis.
+
+enum class Form { IN_2D, IN_3D, BOTH };
+
+/// Which dialog of a file is meant, and how. A file is taken as a scene, and shown whole, unless one of these is given
+/// or it holds nothing but components.
+struct DialogOptions {
+  std::string id; ///< Its `auditorID`; empty for the first one.
+  std::optional<Form> form;
+};
+
 struct RenderOptions {
   std::string file;
   std::string output;
-  NbVec2i32 size{640, 480};
+  DialogOptions dialog;
+  std::string skin; ///< Name or path; empty for the one that is set.
+  std::optional<NbVec2i32> size;
   NbColor background;
 };
 
-/// Draws a scene into a PNG file.
+/// Draws a scene or a form of a dialog into a PNG file.
 int render(const RenderOptions& options);
 
 struct ShowOptions {
   std::string file;
-  NbVec2i32 size{640, 480};
+  DialogOptions dialog;
+  std::string skin;
+  std::optional<NbVec2i32> size;
 };
 
-/// Opens a scene in a window until the user closes it, and prints what the user drags.
+/// Opens a scene or forms of a dialog until the user closes a window, and prints what the user does.
 int show(const ShowOptions& options);
+
+struct InspectOptions {
+  std::string file;
+  DialogOptions dialog;
+  std::optional<NbVec2i32> size;
+};
+
+/// Builds a form of a dialog and prints what came of it.
+int inspect(const InspectOptions& options);
 
 struct CheckOptions {
   std::vector<std::string> files;

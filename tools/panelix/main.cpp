@@ -2,6 +2,8 @@
 #include <array>
 #include <charconv>
 #include <iostream>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,7 +20,7 @@
 
 namespace {
 
-constexpr int kLargestSize = 16384;
+constexpr const char* kSizeOfPicture = "Width and height in pixels (640x480 for a scene, what a dialog takes)";
 
 /// Unless the settings tell where the skins are, those that were installed or built with the program are used.
 void findOwnSkins() {
@@ -61,17 +63,33 @@ bool parseNumbers(std::string_view text, char separator, std::array<Number, coun
   return text.empty();
 }
 
-void addSizeOption(CLI::App& command, NbVec2i32& size) {
+void addSizeOption(CLI::App& command, std::optional<NbVec2i32>& size, const std::string& meaning) {
   const auto parse = [&size](const std::string& text) {
     std::array<int, 2> numbers{};
-    const auto isGood = [](int number) { return number >= 1 && number <= kLargestSize; };
+    const auto isGood = [](int number) { return number >= 1 && number <= panelix::kLargestSize; };
     if (!parseNumbers(text, 'x', numbers) || !std::all_of(numbers.begin(), numbers.end(), isGood)) {
       throw CLI::ValidationError("--size", "'" + text + "' is no size such as 640x480, each from 1 to " +
-                                               std::to_string(kLargestSize));
+                                               std::to_string(panelix::kLargestSize));
     }
-    size.setValue(numbers[0], numbers[1]);
+    size = NbVec2i32(numbers[0], numbers[1]);
   };
-  command.add_option_function<std::string>("--size", parse, "Width and height in pixels (640x480)")->type_name("WxH");
+  command.add_option_function<std::string>("--size", parse, meaning)->type_name("WxH");
+}
+
+void addDialogOptions(CLI::App& command, panelix::DialogOptions& dialog, bool canShowBoth) {
+  command.add_option("--id", dialog.id, "The auditorID of one of the file's dialogs (the first one)");
+  std::map<std::string, panelix::Form> forms{{"2d", panelix::Form::IN_2D}, {"3d", panelix::Form::IN_3D}};
+  if (canShowBoth) forms.emplace("both", panelix::Form::BOTH);
+  std::vector<std::string> names;
+  for (const auto& [name, form] : forms) names.push_back(name);
+  const auto parse = [forms, &dialog](const std::string& name) { dialog.form = forms.at(name); };
+  command.add_option_function<std::string>("--form", parse, "Native windows or a panel in a scene (3d)")
+      ->check(CLI::IsMember(names))
+      ->type_name("FORM");
+}
+
+void addSkinOption(CLI::App& command, std::string& skin) {
+  command.add_option("--skin", skin, "Look of the 3D form: name or path (default)");
 }
 
 void addBackgroundOption(CLI::App& command, NbColor& color) {
@@ -94,16 +112,26 @@ int run(std::vector<std::string> arguments) {
   app.footer("Exit codes: 0 good; 1 findings, or a file that failed; 2 wrong usage, no display or no OpenGL.");
 
   panelix::RenderOptions render;
-  CLI::App* const renderCommand = app.add_subcommand("render", "Draws a scene into a PNG file; needs no display");
-  renderCommand->add_option("FILE", render.file, "The scene")->required();
+  CLI::App* const renderCommand = app.add_subcommand("render", "Draws a scene or a dialog into a PNG file");
+  renderCommand->add_option("FILE", render.file, "The scene, or the file with the dialog")->required();
   renderCommand->add_option("-o,--output", render.output, "The picture")->required()->type_name("OUT.png");
-  addSizeOption(*renderCommand, render.size);
+  addDialogOptions(*renderCommand, render.dialog, false);
+  addSkinOption(*renderCommand, render.skin);
+  addSizeOption(*renderCommand, render.size, kSizeOfPicture);
   addBackgroundOption(*renderCommand, render.background);
 
   panelix::ShowOptions show;
-  CLI::App* const showCommand = app.add_subcommand("show", "Opens a scene in a window and prints what is dragged");
-  showCommand->add_option("FILE", show.file, "The scene")->required();
-  addSizeOption(*showCommand, show.size);
+  CLI::App* const showCommand = app.add_subcommand("show", "Opens a scene or a dialog and prints what the user does");
+  showCommand->add_option("FILE", show.file, "The scene, or the file with the dialog")->required();
+  addDialogOptions(*showCommand, show.dialog, true);
+  addSkinOption(*showCommand, show.skin);
+  addSizeOption(*showCommand, show.size, kSizeOfPicture);
+
+  panelix::InspectOptions inspect;
+  CLI::App* const inspectCommand = app.add_subcommand("inspect", "Builds a dialog and prints its layout as JSON");
+  inspectCommand->add_option("FILE", inspect.file, "The file with the dialog")->required();
+  addDialogOptions(*inspectCommand, inspect.dialog, false);
+  addSizeOption(*inspectCommand, inspect.size, "Width and height of the dialog in pixels (its own)");
 
   panelix::CheckOptions check;
   std::string format = "text";
@@ -139,6 +167,7 @@ int run(std::vector<std::string> arguments) {
   const Library library;
   if (renderCommand->parsed()) return panelix::render(render);
   if (showCommand->parsed()) return panelix::show(show);
+  if (inspectCommand->parsed()) return panelix::inspect(inspect);
   if (describeCommand->parsed()) return panelix::describe(describe);
   return panelix::check(check);
 }

@@ -1,0 +1,3 @@
+#include "tools/panelix/WindowPicture.h"
+
+panelix::WindowPicture::WindowPicture(HWND) {}

@@ -62,8 +62,8 @@ if [[ ! -f $WINEPREFIX/panelix-ready ]]; then
 fi
 
 # Debian's Wine doesn't look into the folder of its own fonts. Without its Tahoma, dialogs would come out in another font
-# than on Windows.
-for font in /usr/share/wine/fonts/tahoma*.ttf; do
+# than on Windows; its Marlett has the signs on the buttons of frames.
+for font in /usr/share/wine/fonts/{tahoma*,marlett}.ttf; do
   [[ ! -f $font ]] || ln -sf "$font" "$WINEPREFIX/drive_c/windows/Fonts/"
 done
 

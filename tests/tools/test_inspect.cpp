@@ -79,13 +79,13 @@ TEST_F(Inspect, ADialogIsNamedByItsAuditorID) {
 }
 
 TEST_F(Inspect, AComponentOutsideOfADialogIsBuiltAsInOne) {
-  const std::string text = "RowDialog { auditorID \"lone\" DialogLabel { label \"text\" } }";
+  const std::string text = "RowDialog { auditorID \"lone\" DialogComponent { } }";
   for (const std::string form : {"2d", "3d"}) {
     const Json row = inspect(text, {"--form", form});
     EXPECT_EQ(row["type"].string, "RowDialog");
     EXPECT_EQ(numbers(row["position"]), "0 0");
-    EXPECT_EQ(sizeOf(row), "200 28");
-    EXPECT_EQ(sizeOf(childOf(row, 0)), "200 28");
+    EXPECT_EQ(sizeOf(row), "206 34");
+    EXPECT_EQ(sizeOf(childOf(row, 0)), "206 34");
   }
 }
 

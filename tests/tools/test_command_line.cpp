@@ -40,8 +40,11 @@ TEST_F(CommandLine, TellsItsVersionAndItsHelp) {
   EXPECT_EQ(version.exitCode, 0);
   EXPECT_EQ(version.out.substr(0, 8), "panelix ");
   EXPECT_EQ(version.err, "");
-  for (const std::vector<std::string>& words :
-       {std::vector<std::string>{"--help"}, {"render", "--help"}, {"show", "--help"}, {"check", "--help"}}) {
+  for (const std::vector<std::string>& words : {std::vector<std::string>{"--help"},
+                                                {"render", "--help"},
+                                                {"show", "--help"},
+                                                {"inspect", "--help"},
+                                                {"check", "--help"}}) {
     const Result help = runPanelix(words);
     EXPECT_EQ(help.exitCode, 0);
     EXPECT_TRUE(contains(help.out, "Usage: panelix")) << help.out;
@@ -56,8 +59,11 @@ TEST_F(CommandLine, WrongUsageIsToldAndGivesTwo) {
     std::vector<std::string> words;
     std::string message;
   };
-  for (const Wrong& wrong : {Wrong{{}, "A command is required"}, Wrong{{"paint"}, "paint"}, Wrong{{"render"}, "FILE"},
-                             Wrong{{"render", good}, "--output"}, Wrong{{"render", good, "-o"}, "-o"},
+  for (const Wrong& wrong : {Wrong{{}, "A command is required"},
+                             Wrong{{"paint"}, "paint"},
+                             Wrong{{"render"}, "FILE"},
+                             Wrong{{"render", good}, "--output"},
+                             Wrong{{"render", good, "-o"}, "-o"},
                              Wrong{{"render", good, good, "-o", picture}, "usage.arb"},
                              Wrong{{"render", good, "-o", picture, "--size", "0x10"}, "0x10"},
                              Wrong{{"render", good, "-o", picture, "--size", "16385x10"}, "16385x10"},
@@ -68,8 +74,19 @@ TEST_F(CommandLine, WrongUsageIsToldAndGivesTwo) {
                              Wrong{{"render", good, "-o", picture, "--background", "1,0,1.01"}, "1,0,1.01"},
                              Wrong{{"render", good, "-o", picture, "--background", "nan,0,0"}, "nan,0,0"},
                              Wrong{{"render", good, "-o", picture, "--colour", "1"}, "--colour"},
-                             Wrong{{"show"}, "FILE"}, Wrong{{"show", good, "--size", "big"}, "'big'"},
-                             Wrong{{"check"}, "FILE"}, Wrong{{"check", good, "--format=xml"}, "xml"}}) {
+                             Wrong{{"render", good, "-o", picture, "--form", "4d"}, "4d"},
+                             Wrong{{"render", good, "-o", picture, "--form", "both"}, "both"},
+                             Wrong{{"render", good, "-o", picture, "--id"}, "--id"},
+                             Wrong{{"show"}, "FILE"},
+                             Wrong{{"show", good, "--size", "big"}, "'big'"},
+                             Wrong{{"show", good, "--form", "2D"}, "2D"},
+                             Wrong{{"show", good, "--skin"}, "--skin"},
+                             Wrong{{"inspect"}, "FILE"},
+                             Wrong{{"inspect", good, "--form", "both"}, "both"},
+                             Wrong{{"inspect", good, "--size", "3"}, "'3'"},
+                             Wrong{{"inspect", good, "--skin", "dark"}, "--skin"},
+                             Wrong{{"check"}, "FILE"},
+                             Wrong{{"check", good, "--format=xml"}, "xml"}}) {
     const Result result = runPanelix(wrong.words);
     EXPECT_EQ(result.exitCode, 2) << wrong.message;
     EXPECT_EQ(result.out, "") << wrong.message;

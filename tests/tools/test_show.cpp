@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/TestSupport.h"
-#include "tests/tools/Picture.h"
-#include "tests/tools/Program.h"
-#include "tests/win/Desktop.h"
+#include "tests/tools/Show.h"
 
 namespace {
 
@@ -20,28 +18,19 @@ TEST(Show, WhatTheUserDragsIsPrinted) {
                    "radius 0.5 } } Material { emissiveColor 0 0 0.8 } Translation { translation 2 0 0 } PlaneDragger { "
                    "geometry Cube { width 0.5 height 0.5 } }");
   Program program(PANELIX_PROGRAM, {"show", scene, "--size", "600x400"});
-  WindowPlace place;
-  ASSERT_TRUE(waitUntil([&] {
-    place = placeOfWindow("drag.arb - Panelix");
-    return place.x >= 0 || !program.isRunning();
-  }));
-  ASSERT_TRUE(program.isRunning()) << program.err();
-  const auto onScreen = [&](int x, int y) {
-    return Picture(desktop::takePicture("show")).at(place.x + x, place.y + y);
-  };
-  ASSERT_TRUE(waitUntil([&] { return isRed(onScreen(300, 200)); }));
-  const auto moveTo = [&](int x, int y) {
-    return "mousemove " + std::to_string(place.x + x) + " " + std::to_string(place.y + y) + " sleep 0.1 ";
-  };
-  ASSERT_TRUE(desktop::act(moveTo(300, 200) + "mousedown 1 " + moveTo(250, 250) + moveTo(200, 300) + "mouseup 1"));
+  const SceneWindow window(program, "drag.arb - Panelix");
+  ASSERT_TRUE(window.isOpen()) << program.err();
+  ASSERT_TRUE(waitUntil([&] { return isRed(window.at(300, 200)); }));
+  ASSERT_TRUE(desktop::act(window.moveTo(300, 200) + "mousedown 1 " + window.moveTo(250, 250) +
+                           window.moveTo(200, 300) + "mouseup 1"));
   EXPECT_TRUE(waitUntil([&] { return program.out() == "PlaneDragger Disc: finish\n"; })) << program.out();
-  EXPECT_TRUE(waitUntil([&] { return isRed(onScreen(200, 300)); }));
-  EXPECT_FALSE(isRed(onScreen(300, 200)));
-  ASSERT_TRUE(desktop::act(moveTo(500, 200) + "click 1"));
+  EXPECT_TRUE(waitUntil([&] { return isRed(window.at(200, 300)); }));
+  EXPECT_FALSE(isRed(window.at(300, 200)));
+  ASSERT_TRUE(desktop::act(window.moveTo(500, 200) + "click 1"));
   EXPECT_TRUE(waitUntil([&] { return program.out() == "PlaneDragger Disc: finish\nPlaneDragger: finish\n"; }))
       << program.out();
   // A press beside the draggers is nobody's.
-  ASSERT_TRUE(desktop::act(moveTo(50, 50) + "click 1"));
+  ASSERT_TRUE(desktop::act(window.moveTo(50, 50) + "click 1"));
   EXPECT_TRUE(program.isRunning());
   EXPECT_EQ(program.out(), "PlaneDragger Disc: finish\nPlaneDragger: finish\n");
   EXPECT_EQ(program.err(), "");

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# wine-run.sh PROGRAM.exe [ARGUMENT...]: runs a Windows program and gives its exit code.
+# wine-run.sh [--here] PROGRAM.exe [ARGUMENT...]: runs a Windows program and gives its exit code.
 #
 # It runs in a Wine virtual desktop on an X server of its own, so that it needs no display, no window manager and
-# disturbs nobody. The virtual desktop is set in the registry rather than by `explorer /desktop`, which would lose the
+# disturbs nobody; with --here, on the display of the user instead. The virtual desktop is set in the registry rather than by `explorer /desktop`, which would lose the
 # exit code. Runs wait for each other, since they share one Wine prefix.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -22,28 +22,35 @@ mkdir -p "$WINEPREFIX"
 exec 9>"$WINEPREFIX.lock"
 flock 9
 
-display_file=$(mktemp)
-# Descriptor 9 is the lock; the servers must not inherit it.
-Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp >"$display_file" 2>/dev/null 9>&- &
-xvfb=$!
 cleanup() {
   wineserver -k 9>&- 2>/dev/null || true
   wineserver -w 9>&- 2>/dev/null || true
-  kill "$xvfb" 2>/dev/null || true
-  rm -f "$display_file"
+  if [[ -n ${xvfb:-} ]]; then
+    kill "$xvfb" 2>/dev/null || true
+    rm -f "$display_file"
+  fi
 }
 trap cleanup EXIT
-for ((i = 0; i < 100; i++)); do
-  [[ -s $display_file ]] && break
-  sleep 0.1
-done
-if [[ ! -s $display_file ]]; then
-  echo "no X server could be started" >&2
-  exit 2
+
+if [[ $1 == --here ]]; then
+  shift
+else
+  display_file=$(mktemp)
+  # Descriptor 9 is the lock; the servers must not inherit it.
+  Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp >"$display_file" 2>/dev/null 9>&- &
+  xvfb=$!
+  for ((i = 0; i < 100; i++)); do
+    [[ -s $display_file ]] && break
+    sleep 0.1
+  done
+  if [[ ! -s $display_file ]]; then
+    echo "no X server could be started" >&2
+    exit 2
+  fi
+  DISPLAY=:$(<"$display_file")
+  export DISPLAY
+  unset WAYLAND_DISPLAY XAUTHORITY
 fi
-DISPLAY=:$(<"$display_file")
-export DISPLAY
-unset WAYLAND_DISPLAY XAUTHORITY
 
 # Unpinned, each window call wanders between processors and takes several times as long.
 wine_pinned() { taskset -c 0 wine "$@" 9>&-; }

@@ -7,6 +7,7 @@
 #include "Panelix/NkDialogComponent.h"
 #include "arbora/scene/NkGetBoundingBoxAction.h"
 #include "arbora/scene/NkPath.h"
+#include "arbora/win/NkWin.h"
 #include "tools/panelix/Commands.h"
 #include "tools/panelix/Dialog.h"
 #include "tools/panelix/Json.h"
@@ -151,11 +152,7 @@ private:
   std::unordered_set<HWND> m_frames;
 };
 
-} // namespace
-
-int inspect(const InspectOptions& options) {
-  Messages messages;
-  messages.setFile(options.file);
+int inspectFile(const InspectOptions& options, Messages& messages) {
   const SceneFile scene(options.file);
   if (!scene.root()) return FAILED;
   Dialog dialog(scene, options.dialog, messages);
@@ -172,6 +169,16 @@ int inspect(const InspectOptions& options) {
   }
   std::fputs(Inspection(way.get()).describe(*component).c_str(), stdout);
   return GOOD;
+}
+
+} // namespace
+
+int inspect(const InspectOptions& options) {
+  Messages messages;
+  messages.setFile(options.file);
+  const int result = inspectFile(options, messages);
+  NkWin::finish();
+  return result;
 }
 
 } // namespace panelix

@@ -13,12 +13,15 @@
 namespace panelix {
 namespace {
 
-/// Shows a scene until the user closes its window.
-int showScene(NkSeparator* scene, const NbVec2i32& size, const std::string& file) {
+/// Shows a scene until the user closes its window, which stands right of another one if there is any.
+int showScene(NkSeparator* scene, const NbVec2i32& size, const std::string& file, HWND other = nullptr) {
   NkRenderArea area(nullptr, NbFileHelper::getBaseName(NbString::fromUtf8(file)) + " - Panelix");
   if (!area.isOpen()) return UNUSABLE;
   area.setSize(size);
   area.setSceneGraph(scene);
+  RECT taken{};
+  if (GetWindowRect(other, &taken))
+    SetWindowPos(area.getWindow(), nullptr, taken.right, taken.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
   area.show();
   return NkWin::mainLoop();
 }
@@ -32,7 +35,7 @@ int showDialog(Dialog& dialog, const ShowOptions& options, Messages& messages) {
   }
   if (form == Form::IN_2D) return NkWin::mainLoop();
   NkSeparator* const scene = dialog.build3D();
-  return showScene(scene, dialog.addCamera(options.size), options.file);
+  return showScene(scene, dialog.addCamera(options.size), options.file, dialog.top()->getBaseWidget());
 }
 
 int showFile(const ShowOptions& options, Messages& messages) {

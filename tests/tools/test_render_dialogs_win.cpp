@@ -45,3 +45,14 @@ TEST(RenderDialogs, AWindowTakesTheSizeThatItsLimitsLet) {
   EXPECT_EQ(picture.width, 250);
   EXPECT_EQ(picture.height, 150);
 }
+
+TEST(RenderDialogs, AWindowThatDoesNotFitOnTheScreenIsTold) {
+  const std::string picture = outputDir() + "/tools/never.png";
+  const int width = GetSystemMetrics(SM_CXSCREEN) + 1;
+  const Result result = runPanelix({"render", writeScene("large.arb", "TopLevelDialog { DialogLabel { } }"), "-o",
+                                    picture, "--form", "2d", "--size", std::to_string(width) + "x100"});
+  EXPECT_EQ(result.exitCode, 2);
+  EXPECT_EQ(result.out, "");
+  EXPECT_NE(result.err.find("the window has " + std::to_string(width) + "x100 pixels"), std::string::npos)
+      << result.err;
+}

@@ -19,6 +19,8 @@ int renderScene(NkSeparator* scene, const NbVec2i32& size, const RenderOptions& 
   return renderer.writePng(NbString::fromUtf8(options.output)) ? GOOD : FAILED;
 }
 
+std::string text(const NbVec2i32& size) { return std::to_string(size[0]) + "x" + std::to_string(size[1]); }
+
 int renderWindow(Dialog& dialog, const RenderOptions& options, Messages& messages) {
   NkTopLevelDialog& top = *dialog.top();
   if (options.size && !setSize(top, *options.size, messages)) return UNUSABLE;
@@ -29,6 +31,12 @@ int renderWindow(Dialog& dialog, const RenderOptions& options, Messages& message
   RedrawWindow(top.getBaseWidget(), nullptr, nullptr,
                RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
   const WindowPicture picture(top.getBaseWidget());
+  const NbVec2i32 screen(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+  if (picture.size[0] > screen[0] || picture.size[1] > screen[1]) {
+    messages.add(NkDebugError::ERROR_, "the window has " + text(picture.size) + " pixels, the screen only " +
+                                           text(screen) + "; what is off the screen isn't drawn");
+    return UNUSABLE;
+  }
   return arbora::writePng(NbString::fromUtf8(options.output), picture.pixels.data(), picture.size, 3, "render")
              ? GOOD
              : FAILED;

@@ -35,6 +35,18 @@ std::set<std::string> nodeNames() {
   return names;
 }
 
+/// The blocks of a page that begin with this line.
+std::vector<std::string> blocks(const std::string& page, const std::string& firstLine) {
+  const std::string begin = "\n```" + firstLine + "\n";
+  const std::string end = "```\n";
+  std::vector<std::string> found;
+  for (std::size_t at = page.find(begin); at != page.npos; at = page.find(begin, at)) {
+    at += begin.size();
+    found.push_back(page.substr(at, page.find(end, at) - at));
+  }
+  return found;
+}
+
 } // namespace
 
 TEST(Examples, EachNodeHasAnExampleThatShowsSomething) {
@@ -102,4 +114,35 @@ TEST(Examples, TheReadmeShowsTheProgramAsItIs) {
   std::string code = readFile(sourceDir() + "/examples/render/main.cpp");
   ASSERT_FALSE(code.empty());
   EXPECT_NE(readFile(sourceDir() + "/README.md").find("```cpp\n" + code + "```\n"), std::string::npos);
+}
+
+TEST(Examples, TheTutorialShowsItsProgramsAndPicturesAsTheyAre) {
+  const std::string examples = sourceDir() + "/examples/";
+  const std::string page = readFile(sourceDir() + "/docs/tutorial.md");
+  const std::string programs = readFile(examples + "empty/main.cpp") + readFile(examples + "pump/main.cpp");
+  const std::vector<std::string> code = blocks(page, "cpp");
+  EXPECT_EQ(code.size(), 6u);
+  for (const std::string& block : code) EXPECT_NE(programs.find(block), std::string::npos) << block;
+  EXPECT_NE(page.find("```\n" + readFile(examples + "pump/1-label.arb") + "```\n"), std::string::npos);
+  for (const auto& entry : std::filesystem::directory_iterator(sourceDir() + "/docs/images/tutorial")) {
+    const std::string name = entry.path().filename().generic_string();
+    EXPECT_NE(page.find("(images/tutorial/" + name + ")"), std::string::npos) << name;
+  }
+}
+
+TEST(Examples, TheProgramsOfTheTutorialRun) {
+  Program empty(EMPTY_PROGRAM, {});
+  EXPECT_EQ(empty.wait(), 0) << empty.err();
+  EXPECT_EQ(empty.out(), std::string(NkPanelix::getVersion()) + "\n");
+
+  std::filesystem::create_directories(kPictures);
+  const std::string path = kPictures + "/pump.png";
+  std::filesystem::remove(path);
+  Program pump(PUMP_PROGRAM, {"--picture", path});
+  EXPECT_EQ(pump.wait(), 0);
+  EXPECT_EQ(pump.out() + pump.err(), "");
+  const Picture picture(path);
+  const auto count = [&](const std::function<bool(Picture::Pixel)>& isOfKind) { return picture.count(isOfKind); };
+  EXPECT_GT(count([](Picture::Pixel pixel) { return pixel[2] > pixel[0] + 40; }), 10000) << "panel";
+  EXPECT_GT(count([](Picture::Pixel pixel) { return pixel[1] > pixel[0] + 40; }), 10000) << "pump";
 }

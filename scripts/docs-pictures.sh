@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# docs-pictures.sh: makes the pictures of docs/tutorial.md anew, with the programs that it tells about.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+scripts/setup.sh
+build_preset linux --target panelix example_pump
+build_preset windows --target panelix
+
+images=docs/images/tutorial
+mkdir -p "$images"
+for step in 1-label 2-components 3-layout; do
+  file=examples/pump/$step.arb
+  scripts/wine-run.sh build/windows/bin/panelix.exe render "$file" -o "$images/$step-2d.png" --form 2d
+  build/linux/bin/panelix render "$file" -o "$images/$step-3d.png" --background 1,1,1
+done
+build/linux/bin/panelix render examples/pump/3-layout.arb -o "$images/5-dark.png" --skin dark --background 1,1,1
+build/linux/bin/example_pump --picture "$images/4-scene.png"
+# As few bytes as possible, and none that tell when it was.
+mogrify -alpha off -strip -define png:compression-level=9 -define png:exclude-chunks=date,time "$images"/*.png

@@ -20,6 +20,7 @@ struct ContainerRules {
 };
 
 inline constexpr const char* kNullChild = "NULL child node";
+inline constexpr const char* kHoldsContainer = "The child node is this container or holds it";
 inline constexpr const char* kOutOfRange = "Index %d is out of range %d - %d";
 inline constexpr const char* kOutOfRangeBeCareful = "Index %d is out of range %d - %d; Be careful";
 

@@ -799,3 +799,82 @@ TYPED_TEST(Containers, TellThePickOfTheirOwnParts) {
   ASSERT_NE(detail, nullptr);
   EXPECT_EQ(detail->getNodeKit(), this->container.get());
 }
+
+// Containers in containers
+
+class NestedContainers : public DialogTest {
+protected:
+  /// Checks that the call is refused under the name of that operation.
+  template <class Call>
+  static void expectRefused(const char* operation, Call&& call) {
+    const ExpectMessages message({std::string(operation) + "(): The child node is this container or holds it"});
+    call();
+  }
+};
+
+TEST_F(NestedContainers, HoldNeitherThemselvesNorWhatHoldsThem) {
+  const Ref<NkRowDialog> outer(new NkRowDialog);
+  auto* middle = new NkColumnDialog;
+  auto* inner = new NkRowDialog;
+  outer->addChild(middle);
+  middle->addChild(inner);
+  inner->addChild(new NkDialogComponent);
+  expectRefused("NkDialogGroup::addChild", [&] { outer->addChild(outer.get()); });
+  expectRefused("NkDialogGroup::addChild", [&] { inner->addChild(outer.get()); });
+  expectRefused("NkDialogGroup::insertChild", [&] { inner->insertChild(middle, 0); });
+  expectRefused("NkDialogGroup::replaceChild", [&] { inner->replaceChild(0, outer.get()); });
+  EXPECT_EQ(outer->getNumChildren(), 1);
+  EXPECT_EQ(inner->getNumChildren(), 1);
+  EXPECT_EQ(outer->getParent(), nullptr);
+  EXPECT_EQ(middle->getParent(), outer.get());
+  EXPECT_EQ(outer->getRefCount(), 1);
+}
+
+TEST_F(NestedContainers, HoldNoneThatHoldsThemBySomeOtherParent) {
+  // The group stands in two rows, and its parent is the one that came last.
+  const Ref<NkRowDialog> first(new NkRowDialog);
+  const Ref<NkRowDialog> last(new NkRowDialog);
+  auto* shared = new NkColumnDialog;
+  first->addChild(shared);
+  last->addChild(shared);
+  expectRefused("NkDialogGroup::addChild", [&] { shared->addChild(first.get()); });
+  expectRefused("NkDialogGroup::addChild", [&] { shared->addChild(last.get()); });
+  EXPECT_EQ(shared->getNumChildren(), 0);
+}
+
+TEST_F(NestedContainers, HoldNoDialogThatLaunchesThem) {
+  const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  auto* launcher = new NkDialogPushButtonLauncher;
+  auto* popup = new NkMenuPopup;
+  auto* inMenu = new NkMenuCheckBoxLauncher;
+  auto* bar = new NkMenuBar;
+  dialog->addChild(bar);
+  bar->addChild(popup);
+  popup->addChild(inMenu);
+  dialog->addChild(launcher);
+  expectRefused("NkDialogPushButtonLauncher::addChild", [&] { launcher->addChild(dialog.get()); });
+  expectRefused("NkMenuCheckBoxLauncher::addChild", [&] { inMenu->addChild(dialog.get()); });
+  expectRefused("NkMenuPopup::addChild", [&] { popup->addChild(popup); });
+  EXPECT_EQ(launcher->getNumChildren(), 0);
+  EXPECT_EQ(popup->getNumChildren(), 1);
+}
+
+TEST_F(NestedContainers, OfAFileHoldNeitherThemselvesNorWhatHoldsThem) {
+  for (const char* text : {"DEF Own RowDialog { USE Own }", "DEF Own RowDialog { ColumnDialog { USE Own } }"}) {
+    const ExpectMessages message({"'Own' can't contain itself"});
+    EXPECT_FALSE(read(text)) << text;
+  }
+}
+
+TEST_F(NestedContainers, LookThroughEachNodeAboveThemOnce) {
+  const Ref<NkRowDialog> row(new NkRowDialog);
+  Ref<NkNode> top(row.get());
+  for (int level = 0; level < 100; ++level) {
+    const Ref<NkGroup> group(new NkGroup);
+    group->addChild(top.get());
+    group->addChild(top.get());
+    top = Ref<NkNode>(group.get());
+  }
+  row->addChild(new NkColumnDialog);
+  EXPECT_EQ(row->getNumChildren(), 1);
+}

@@ -788,6 +788,57 @@ TEST_F(Layout, ComponentsMayChangeTheTreeWhileTheyAreAsked) {
   EXPECT_EQ(dialog->getNumChildren(), 1);
 }
 
+TEST_F(Layout, AThousandGroupsStandInEachOther) {
+  constexpr int kDepth = 1000;
+  const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  Ref<NkDialogGroup> group(new NkRowDialog);
+  auto* innermost = group.get();
+  auto* block = high(30);
+  innermost->addChild(block);
+  for (int i = 1; i < kDepth; ++i) {
+    const Ref<NkDialogGroup> outer(i % 2 == 0 ? static_cast<NkDialogGroup*>(new NkRowDialog) : new NkColumnDialog);
+    outer->addChild(group.get());
+    group = outer;
+  }
+  dialog->addChild(group.get());
+  dialog->windowResizedByChildren = true;
+  dialog->buildDialog(nullptr, 0);
+  // Each level asks for a border of 6; without an edge it isn't drawn, and the innermost one gets it all.
+  EXPECT_EQ(group->height.getValue(), 30 + 6 * kDepth);
+  EXPECT_EQ(block->size()[1], 1000);
+  auto* added = high(40);
+  innermost->addChild(added);
+  EXPECT_TRUE(added->isBuilt3D());
+  EXPECT_EQ(group->height.getValue(), 70 + 6 * kDepth);
+  dialog->enable = false;
+  dialog->position3D = NbVec3f(1, 2, 3);
+  added->auditorID = "added";
+  EXPECT_EQ(dialog->searchForAuditorId("added"), added);
+  innermost->removeChild(added);
+  EXPECT_EQ(group->height.getValue(), 30 + 6 * kDepth);
+}
+
+TEST_F(Layout, AComponentInTwoGroupsIsTheLastOnes) {
+  auto* shared = high(30);
+  const Ref<NkRowDialog> first = rowOf({shared});
+  const Ref<NkRowDialog> last = rowOf({high(50), shared});
+  const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  dialog->addChild(first.get());
+  dialog->addChild(last.get());
+  dialog->buildDialog(nullptr, 0);
+  EXPECT_EQ(shared->getParent(), last.get());
+  EXPECT_EQ(shared->builds, 2);
+  EXPECT_EQ(shared->place[1], blockOf(*last, 0).height.getValue());
+  // Each group gives it up for itself.
+  first->removeChild(shared);
+  EXPECT_EQ(shared->builds, 3);
+  EXPECT_EQ(last->findChild(shared), 1);
+  dialog->removeChild(last.get());
+  first->addChild(shared);
+  EXPECT_EQ(shared->getParent(), first.get());
+  EXPECT_EQ(shared->place, NbVec2i32(0, 0));
+}
+
 // Any tree
 
 namespace {

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <unordered_set>
+#include <vector>
 
 #include "Panelix/Container.h"
 #include "arbora/scene/NkChildList.h"
@@ -16,6 +18,23 @@
 namespace panelix {
 
 // Changes
+
+namespace {
+
+/// True if `node` is `below`, or above it by any of the parents of a node.
+bool isOrHolds(const NkNode* node, NkNode* below) {
+  std::vector<NkNode*> chain{below};
+  std::unordered_set<const NkNode*> seen{below};
+  for (std::size_t i = 0; i < chain.size(); ++i) {
+    if (chain[i] == node) return true;
+    chain[i]->getParents().forEach([&](NkNode* parent) {
+      if (seen.insert(parent).second) chain.push_back(parent);
+    });
+  }
+  return false;
+}
+
+} // namespace
 
 NkPanelix* Children::get(int index) const {
   if (index >= m_num) {
@@ -75,8 +94,13 @@ bool Children::endWindows(int index) {
 }
 
 bool Children::checkChild(const NkPanelix* child, const char* operation) const {
-  if (!child) NkDebugError::post(locationOf(operation).c_str(), kNullChild);
-  return child != nullptr;
+  const char* message = nullptr;
+  if (!child)
+    message = kNullChild;
+  else if (child->isGroup() && isOrHolds(child, m_owner))
+    message = kHoldsContainer;
+  if (message) NkDebugError::post(locationOf(operation).c_str(), "%s", message);
+  return message == nullptr;
 }
 
 bool Children::checkIndex(int index, int last, const char* operation) const {

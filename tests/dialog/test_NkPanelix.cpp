@@ -178,6 +178,30 @@ TEST_F(Library, ClassesLeaveOnce) {
   }
 }
 
+TEST_F(Library, AClassThatLostItsNameKeepsItsTypeAndGivesUpItsCatalog) {
+  NkPanelix::init();
+  // With a table of fields.
+  Ref<NkDialogLabel>(new NkDialogLabel);
+  const NkType type = NkDialogLabel::getClassTypeId();
+  ASSERT_TRUE(NkType::removeType("DialogLabel"));
+  {
+    const ExpectMessages expected({"NkDialogLabel::exitClass(): Unable to remove type (DialogLabel) for this class. "
+                                   "Check exitClass() method is implemented and is called only once.\n"});
+    NkDialogLabel::exitClass();
+  }
+  EXPECT_EQ(NkDialogLabel::getClassTypeId(), type);
+  EXPECT_NE(*NkDialogLabel::getFieldDataPtr(), nullptr);
+  EXPECT_EQ(NkDialogLabel::getClassNodekitCatalog(), nullptr);
+  // Registered anew it leaves and comes back whole.
+  NkDialogLabel::initClass();
+  NkPanelix::finish();
+  EXPECT_TRUE(NkDialogLabel::getClassTypeId().isBad());
+  NkPanelix::init();
+  const Ref<NkDialogLabel> label(new NkDialogLabel);
+  EXPECT_NE(label->getNodekitCatalog()->getPartNumber("labelProp"), -1);
+  NkPanelix::finish();
+}
+
 namespace {
 
 struct Maker {
@@ -286,6 +310,25 @@ TEST_F(Files, AreToldApartByTheSpellingOfTheirPath) {
   ASSERT_TRUE(again);
   EXPECT_NE(again.get(), node.get());
   EXPECT_EQ(load(other, "label").get(), again.get());
+  EXPECT_EQ(load("label").get(), node.get());
+}
+
+TEST_F(Files, AreToldApartByLetterCaseAndSeparatorsToo) {
+  const Ref<NkPanelix> node = load("label");
+  // Where the system finds no file of that name, nothing is remembered for it.
+  std::string otherCase = path();
+  otherCase.replace(otherCase.rfind("panelix"), 7, "PANELIX");
+  std::string otherSeparators = path();
+  std::replace(otherSeparators.begin(), otherSeparators.end(), '/', '\\');
+  for (const std::string& name : {otherCase, otherSeparators}) {
+    allowMessages(name);
+    const Ref<NkPanelix> other = load(name, "label");
+    EXPECT_EQ(static_cast<bool>(other), std::filesystem::exists(name)) << name;
+    EXPECT_NE(other.get(), node.get()) << name;
+    if (other) {
+      EXPECT_EQ(load(name, "label").get(), other.get()) << name;
+    }
+  }
   EXPECT_EQ(load("label").get(), node.get());
 }
 

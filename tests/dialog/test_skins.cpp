@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -13,6 +15,7 @@
 #include "Panelix/NkDialogCheckBox.h"
 #include "Panelix/NkDialogComboBox.h"
 #include "Panelix/NkDialogEditText.h"
+#include "Panelix/NkDialogLabel.h"
 #include "Panelix/NkDialogPushButton.h"
 #include "Panelix/NkDialogRadioButtons.h"
 #include "Panelix/NkDialogSeparator.h"
@@ -31,6 +34,7 @@
 #include "arbora/scene/NkCube.h"
 #include "arbora/scene/NkDB.h"
 #include "arbora/scene/NkFont.h"
+#include "arbora/scene/NkGLRenderAction.h"
 #include "arbora/scene/NkGetBoundingBoxAction.h"
 #include "arbora/scene/NkHandleEventAction.h"
 #include "arbora/scene/NkInput.h"
@@ -40,6 +44,7 @@
 #include "arbora/scene/NkOrthographicCamera.h"
 #include "arbora/scene/NkPlaneDragger.h"
 #include "arbora/scene/NkSeparator.h"
+#include "arbora/scene/RecordingBackend.h"
 #include "tests/base/Environment.h"
 #include "tests/dialog/DialogTest.h"
 
@@ -406,7 +411,107 @@ SKIN_TEST(AProgramMayPutItsOwnTextInThePlaceOfABuiltInOne) {
   EXPECT_EQ(widthOf("DialogCheckBoxFrame"), 2);
 }
 
+namespace {
+
+/// A dialog of a label, a separator and a component, built in 3D.
+class Panel {
+public:
+  Panel() {
+    auto* label = new Opened<NkDialogLabel>;
+    auto* separator = new Opened<NkDialogSeparator>;
+    label->label = "text";
+    m_dialog->addChild(label);
+    m_dialog->addChild(separator);
+    NbVec2i32 none(0, 0);
+    m_dialog->buildWidget(nullptr, none, none, 0);
+    for (const char* name : {"frame", "minReleased", "minPressed", "labelProp"})
+      m_parts.push_back(m_dialog->part(name));
+    for (const char* name : {"edgeStyleNone", "edgeStyleShadowIn", "edgeStyleShadowOut", "labelProp"})
+      m_parts.push_back(label->part(name));
+    for (const char* name : {"edgeStyleNone", "vFrame", "hFrame"}) m_parts.push_back(separator->part(name));
+  }
+
+  NkTopLevelDialog* dialog() { return m_dialog.get(); }
+  /// The nodes that came from the skin.
+  const std::vector<NkNode*>& parts() const { return m_parts; }
+  std::vector<std::string> looks() const {
+    std::vector<std::string> texts;
+    for (NkNode* each : m_parts) texts.push_back(writeTree(each, false));
+    return texts;
+  }
+
+private:
+  template <class Component>
+  struct Opened : Component {
+    NkNode* part(const char* name) { return this->getAnyPart(name, false); }
+  };
+
+  const Ref<Opened<NkTopLevelDialog>> m_dialog{new Opened<NkTopLevelDialog>};
+  std::vector<NkNode*> m_parts;
+};
+
+/// Colours of all that is drawn, sorted.
+class Screen {
+public:
+  Screen() { m_action.setBackend(&m_backend); }
+  std::vector<std::uint32_t> colours(NkNode* scene) {
+    m_action.apply(scene);
+    std::vector<std::uint32_t> all;
+    for (const arbora::Instance& instance : m_backend.getDrawnInstances()) all.push_back(instance.diffuse);
+    std::sort(all.begin(), all.end());
+    return all;
+  }
+
+private:
+  arbora::RecordingBackend m_backend;
+  NkGLRenderAction m_action{NbViewportRegion(100, 100)};
+};
+
+} // namespace
+
+SKIN_TEST(ThePanelOfAProgramWithoutASkinIsBuiltIn) {
+  const Panel panel;
+  // The files in the order in which their parts are wanted, the explanation with the first.
+  EXPECT_EQ(takeMessages(), (Messages{notFound("TextProperties.arb") + kExplanation, notFound("TopLevelDialog.arb"),
+                                      notFound("DialogComponent.arb"), notFound("DialogSeparator.arb")}));
+  const std::vector<std::string> looks = panel.looks();
+  for (NkNode* each : panel.parts()) {
+    ASSERT_NE(each, nullptr);
+    EXPECT_GT(static_cast<NkGroup*>(each)->getNumChildren(), 0) << each->getName().getString();
+  }
+  const Panel second;
+  EXPECT_EQ(second.looks(), looks);
+  EXPECT_EQ(takeMessages(), Messages());
+}
+
 // Exchange
+
+SKIN_TEST(APanelOnShowChangesItsLookByItself) {
+  NkPanelix::setSkin(skinDir("default").c_str());
+  Panel panel;
+  const Ref<NkSeparator> scene(new NkSeparator);
+  scene->addChild(panel.dialog());
+  NkGetBoundingBoxAction box;
+  box.apply(scene.get());
+  const NbBox3f before = box.getBoundingBox();
+  const std::vector<NkNode*> parts = panel.parts();
+  const std::vector<std::string> looks = panel.looks();
+  Screen screen;
+  const std::vector<std::uint32_t> colours = screen.colours(scene.get());
+  NkPanelix::setSkin(skinDir("dark").c_str());
+  EXPECT_NE(screen.colours(scene.get()), colours);
+  EXPECT_EQ(screen.colours(scene.get()), Screen().colours(scene.get())) << "nothing of the old look stays";
+  const std::vector<std::string> darkLooks = panel.looks();
+  for (std::size_t i = 0; i < parts.size(); ++i) EXPECT_NE(darkLooks[i], looks[i]) << parts[i]->getName().getString();
+  const Panel fresh;
+  EXPECT_EQ(fresh.parts(), parts) << "a panel that comes later shows the same nodes";
+  EXPECT_EQ(fresh.looks(), darkLooks);
+  box.apply(scene.get());
+  EXPECT_EQ(box.getBoundingBox(), before) << "both skins fill the same frames";
+  NkPanelix::setSkin(skinDir("default").c_str());
+  EXPECT_EQ(panel.looks(), looks);
+  EXPECT_EQ(screen.colours(scene.get()), colours);
+}
 
 SKIN_TEST(ScenesKeepThePartsAndTheyChange) {
   NkPanelix::setSkin(skinDir("default").c_str());

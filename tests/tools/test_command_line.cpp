@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "tests/base/Environment.h"
 #include "tests/support/TestSupport.h"
 #include "tests/tools/Json.h"
 #include "tests/tools/Picture.h"
@@ -207,6 +208,27 @@ TEST_F(CommandLine, ImagesAreLookedForBesideTheScene) {
   const auto isGrey = [](Picture::Pixel pixel) { return pixel[0] == pixel[1] && pixel[1] == pixel[2]; };
   // White without the image; the tiles are not.
   EXPECT_GT(picture.width * picture.height - picture.count(isGrey), 10000);
+}
+
+TEST_F(CommandLine, WithoutASkinADialogHasTheBuiltInLook) {
+  const std::string dialog =
+      writeScene("without skin.arb",
+                 "TopLevelDialog { label \"Title\" width 220 height 160 margin 6 rowSpacing 4"
+                 "  RowDialog { edgeStyle SHADOW_IN DialogLabel { label \"one\" } DialogSeparator { } }"
+                 "  ColumnDialog { edgeStyle SHADOW_OUT DialogLabel { label \"two\" } DialogSeparator { } } }");
+  const Picture withSkin = draw(dialog);
+  const std::string path = outputDir() + "/tools/without skin.png";
+  const EnvironmentVariable home("ARBORAHOME", "/nowhere");
+  const Result result = runPanelix({"render", dialog, "-o", path});
+  EXPECT_EQ(result.exitCode, 0);
+  for (const char* file : {"TextProperties", "TopLevelDialog", "DialogComponent", "DialogSeparator"})
+    EXPECT_TRUE(contains(result.err, std::string("The skin file : <") + file + ".arb> cannot be found.")) << file;
+  const std::size_t explained = result.err.find("IMPORTANT");
+  EXPECT_NE(explained, std::string::npos);
+  EXPECT_EQ(result.err.find("IMPORTANT", explained + 1), std::string::npos);
+  // The default skin is that of the built-in texts.
+  EXPECT_GT(withSkin.countOther(kBlack), 1000);
+  EXPECT_EQ(Picture(path).pixels, withSkin.pixels);
 }
 
 TEST_F(CommandLine, CheckReadsAllFilesAndReportsInTextOnStandardError) {

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "Panelix/NkColumnDialog.h"
 #include "Panelix/NkDialogLabel.h"
 #include "Panelix/NkDialogSeparator.h"
@@ -87,6 +89,137 @@ TEST_F(WindowLifetime, ADialogGoesInsideTheUsersClick) {
   click((button.left + button.right) / 2, (button.top + button.bottom) / 2);
   EXPECT_FALSE(IsWindow(base));
   EXPECT_EQ(NkBase::getLiveCount(), live);
+}
+
+namespace {
+
+/// Runs `act` once as soon as `isDue` holds, from whatever loop then serves the messages.
+class Alarm {
+public:
+  Alarm(std::function<bool()> isDue, std::function<void()> act) {
+    s_isDue = std::move(isDue);
+    s_act = std::move(act);
+    constexpr UINT kPeriod = 5; // In ms.
+    s_timer = SetTimer(nullptr, 0, kPeriod, ring);
+  }
+  ~Alarm() { stop(); }
+  Alarm(const Alarm&) = delete;
+  Alarm& operator=(const Alarm&) = delete;
+  static bool hasRung() { return s_timer == 0; }
+
+private:
+  static void stop() {
+    if (s_timer) KillTimer(nullptr, s_timer);
+    s_timer = 0;
+  }
+  static void CALLBACK ring(HWND, UINT, UINT_PTR, DWORD) {
+    if (!s_timer || !s_isDue()) return;
+    stop();
+    s_act();
+  }
+
+  static inline std::function<bool()> s_isDue;
+  static inline std::function<void()> s_act;
+  static inline UINT_PTR s_timer = 0;
+};
+
+} // namespace
+
+TEST_F(WindowLifetime, ADialogGoesWhileItsUserSizesIt) {
+  const int live = NkBase::getLiveCount();
+  Control* control = nullptr;
+  arbora::Ref<NkTopLevelDialog> dialog = makeDialog(control);
+  dialog->position = NbVec2i32(100, 100);
+  dialog->show();
+  desktop::serveAWhile();
+  const HWND base = dialog->getBaseWidget();
+  const RECT frame = outlineOf(base);
+  const NbVec2i32 before = sizeOf(base);
+  {
+    const Alarm alarm([&] { return sizeOf(base) != before; },
+                      [&] {
+                        dialog = arbora::Ref<NkTopLevelDialog>();
+                        // Wine's loop waits for the button, whose message finds no window any more.
+                        PostThreadMessageA(GetCurrentThreadId(), WM_LBUTTONUP, 0, 0);
+                      });
+    drag(frame.right - 2, frame.bottom - 2, 80, 60);
+    EXPECT_TRUE(Alarm::hasRung());
+  }
+  EXPECT_FALSE(IsWindow(base));
+  EXPECT_EQ(NkBase::getLiveCount(), live);
+}
+
+TEST_F(WindowLifetime, ADialogGoesWhileItsUserScrollsIt) {
+  const int live = NkBase::getLiveCount();
+  arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  auto* label = new NkDialogLabel;
+  label->minHeight = 2000;
+  dialog->position = NbVec2i32(100, 100);
+  dialog->width = 200;
+  dialog->height = 300;
+  dialog->minHeight = 100;
+  dialog->addChild(label);
+  dialog->buildDialog(nullptr, 0);
+  dialog->show();
+  desktop::serveAWhile();
+  const HWND base = dialog->getBaseWidget();
+  const HWND inside = dialog->getWidget();
+  const RECT area = outlineOf(inside);
+  {
+    const Alarm alarm([&] { return GetScrollPos(inside, SB_VERT) > 0; },
+                      [&] { dialog = arbora::Ref<NkTopLevelDialog>(); });
+    const int bar = GetSystemMetrics(SM_CXVSCROLL);
+    drag(area.right - bar / 2, area.top + bar + 4, 0, 100);
+    EXPECT_TRUE(Alarm::hasRung());
+  }
+  EXPECT_FALSE(IsWindow(base));
+  EXPECT_EQ(NkBase::getLiveCount(), live);
+}
+
+TEST_F(WindowLifetime, ADialogGoesInsideItsGroupsScrolling) {
+  // The group's own scrolling comes behind the component's word about it.
+  class Ending : public NkRowDialog {
+  public:
+    void eventNotify(unsigned int message, std::uint64_t) override {
+      if (message == WM_HSCROLL) onScroll();
+    }
+    std::function<void()> onScroll;
+  };
+  const int live = NkBase::getLiveCount();
+  arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  auto* row = new Ending;
+  row->hScrollVisibility = NkDialogGroup::ALWAYS;
+  row->onScroll = [&] { dialog = arbora::Ref<NkTopLevelDialog>(); };
+  dialog->addChild(row);
+  dialog->buildDialog(nullptr, 0);
+  const HWND frame = row->getWidget();
+  SendMessageA(frame, WM_HSCROLL, SB_LINERIGHT, 0);
+  EXPECT_FALSE(IsWindow(frame));
+  EXPECT_EQ(NkBase::getLiveCount(), live);
+}
+
+TEST_F(WindowLifetime, ADialogGoesWhileItIsShown) {
+  const int live = NkBase::getLiveCount();
+  static arbora::Ref<NkTopLevelDialog> s_dialog;
+  static WNDPROC s_procedure = nullptr;
+  static UINT s_last = 0;
+  for (const UINT last : {WM_SHOWWINDOW, WM_WINDOWPOSCHANGED, WM_PAINT}) {
+    s_last = last;
+    Control* control = nullptr;
+    s_dialog = makeDialog(control);
+    const HWND base = s_dialog->getBaseWidget();
+    s_procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrA(base, GWLP_WNDPROC));
+    const WNDPROC ending = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+      const LRESULT result = CallWindowProcA(s_procedure, window, message, wParam, lParam);
+      if (message == s_last) s_dialog = arbora::Ref<NkTopLevelDialog>();
+      return result;
+    };
+    SetWindowLongPtrA(base, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ending));
+    s_dialog->show();
+    desktop::serveAWhile();
+    EXPECT_FALSE(IsWindow(base)) << last;
+    EXPECT_EQ(NkBase::getLiveCount(), live);
+  }
 }
 
 TEST_F(WindowLifetime, ADialogGoesWithinItsLayout) {

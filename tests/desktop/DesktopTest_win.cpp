@@ -104,7 +104,7 @@ LRESULT CALLBACK refuseWindow(int code, WPARAM window, LPARAM creation) {
 
 DesktopTest::DesktopTest() {
   NkPanelix::init();
-  NkWin::setErrorDialogHook(noteError, this);
+  hearErrors();
 }
 
 DesktopTest::~DesktopTest() {

@@ -35,6 +35,8 @@ protected:
     if (!component) ADD_FAILURE() << "no such component: " << id;
     return component;
   }
+  /// Keeps the error dialogs for `takeErrors`, which the end of the window layer has given up.
+  void hearErrors() { NkWin::setErrorDialogHook(noteError, this); }
   /// The error dialogs so far, each as "title: text".
   std::vector<std::string> takeErrors();
   /// Makes a window of the application's own, which goes with the test.

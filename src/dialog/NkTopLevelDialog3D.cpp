@@ -100,7 +100,7 @@ void NkTopLevelDialog::update3DLabel() {
 
 void NkTopLevelDialog::change3DLabel() {
   NkPanelix::change3DLabel();
-  m_labelText->string.setValue(convertToCString(label.getValue()));
+  if (m_labelText) m_labelText->string.setValue(convertToCString(label.getValue()));
 }
 
 NbVec3f NkTopLevelDialog::getTopLevelSize() const {

@@ -2,6 +2,8 @@
 
 #include "FormsTest.h"
 #include "Panelix/NkColumnDialog.h"
+#include "Panelix/NkDialogAuditor.h"
+#include "Panelix/NkDialogCheckBox.h"
 #include "Panelix/NkMenuBar.h"
 #include "Panelix/NkRowDialog.h"
 #include "arbora/scene/NkChildList.h"
@@ -328,6 +330,21 @@ TEST_F(Forms3D, MeasuringIsNoChangeOfTheScene) {
   EXPECT_GT(changes, 0);
 }
 
+TEST_F(Forms3D, WithoutAFormAChangeIsJustThat) {
+  panel->label = "Title";
+  panel->change3DLabel();
+  panel->change3DPosition();
+  panel->show3D(0);
+  panel->show3D(1);
+  panel->change3DEnable();
+  child->edgeStyle = NkDialogComponent::SHADOW_IN;
+  EXPECT_EQ(panel->getTopLevelSize(), NbVec3f(1, 1, 1));
+  EXPECT_FALSE(panel->isBuilt3D());
+  build();
+  EXPECT_EQ(static_cast<NkText3*>(panel->group("labelSep")->getChild(2))->string[0], "Title");
+  EXPECT_EQ(child->choice("edgeStyleSwitch")->whichChild.getValue(), NkDialogComponent::SHADOW_IN);
+}
+
 // Showing and enabling
 
 TEST_F(Forms3D, ShowingGoesAllTheWayDown) {
@@ -625,6 +642,36 @@ TEST_F(Forms3D, AComponentMayGoWhileItIsBuilt) {
   const OnWrite all(last->height, [&] { panel->removeChild(row); });
   panel->addChild(high(5));
   EXPECT_EQ(panel->findChild(row), -1);
+}
+
+TEST_F(Forms3D, ComponentsMayGoWhenAnAuditorHearsOfThem) {
+  class Ending : public NkDialogAuditor {
+  public:
+    explicit Ending(std::function<void(NkDialogCheckBox*)> act) : m_act(std::move(act)) {}
+    void dialogCheckBox(NkDialogCheckBox* box) override { m_act(box); }
+
+  private:
+    std::function<void(NkDialogCheckBox*)> m_act;
+  };
+  auto* row = new NkRowDialog;
+  for (int i = 0; i < 3; ++i) row->addChild(new NkDialogCheckBox);
+  panel->addChild(row);
+  build();
+  const int builds = child->builds;
+  Ending one([&](NkDialogCheckBox* box) { row->removeChild(box); });
+  panel->addAuditor(&one);
+  static_cast<NkDialogCheckBox*>(row->getChild(1))->applyDlgCptAuditor();
+  EXPECT_EQ(row->getNumChildren(), 2);
+  EXPECT_GT(child->builds, builds) << "the dialog is laid out within the auditor";
+  panel->applyAuditors();
+  EXPECT_EQ(row->getNumChildren(), 0);
+  panel->removeAuditor(&one);
+
+  row->addChild(new NkDialogCheckBox);
+  Ending all([&](NkDialogCheckBox*) { panel->removeAllChildren(); });
+  row->addAuditor(&all);
+  static_cast<NkDialogCheckBox*>(row->getChild(0))->applyDlgCptAuditor();
+  EXPECT_EQ(panel->getNumChildren(), 0);
 }
 
 TEST_F(Forms3D, AChildMayGoWhenItIsEnabled) {

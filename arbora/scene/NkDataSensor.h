@@ -15,9 +15,9 @@ public:
   void setDeleteCallback(NkSensorCB* callback, void* data = nullptr);
 
   /// The field whose write set this sensor off, inside the callback; NULL otherwise or if it wasn't a write of a field.
-  NkField* getTriggerField() const { return m_triggerField; }
+  NkField* getTriggerField() const;
   /// The node in which the change arose, inside the callback; NULL otherwise.
-  NkNode* getTriggerNode() const { return m_triggerNode; }
+  NkNode* getTriggerNode() const;
 
 protected:
   explicit NkDataSensor(NkSensorCB* callback = nullptr, void* data = nullptr) : NkDelayQueueSensor(callback, data) {}
@@ -34,10 +34,8 @@ private:
   /// The watched object is about to go.
   virtual void watchedObjectDies() = 0;
 
-  class LifeWatch;
+  class Call;
   NkSensorCB* m_deleteCallback = nullptr;
   void* m_deleteData = nullptr;
-  NkField* m_triggerField = nullptr;
-  NkNode* m_triggerNode = nullptr;
-  bool* m_deathFlag = nullptr; // Set by the destructor while a callback runs.
+  Call* m_call = nullptr; // The innermost callback that runs.
 };

@@ -12,7 +12,9 @@
 NkType NkField::s_classTypeId;
 
 NkField::~NkField() {
-  if (m_links) dropLinks();
+  if (!m_listener) return;
+  dropLinks();
+  delete links();
 }
 
 NkType NkField::getClassTypeId() { return s_classTypeId; }
@@ -24,32 +26,50 @@ void NkField::exitClass() {
   s_classTypeId = NkType::badType();
 }
 
-NkField::Links& NkField::links() {
-  if (!m_links) m_links = std::make_unique<Links>();
-  return *m_links;
+NkField::Links& NkField::makeLinks() {
+  if (m_hasLinks) return *links();
+  auto* made = new Links;
+  if (NkDataSensor* sensor = firstSensor()) made->sensors.push_back(sensor);
+  m_listener = made;
+  m_hasLinks = true;
+  return *made;
+}
+
+NkDataSensor* NkField::firstSensor() const {
+  if (!m_hasLinks) return static_cast<NkDataSensor*>(m_listener);
+  const std::vector<NkDataSensor*>& sensors = links()->sensors;
+  const auto it = std::find_if(sensors.begin(), sensors.end(), [](const NkDataSensor* sensor) { return sensor; });
+  return it == sensors.end() ? nullptr : *it;
 }
 
 void NkField::dropLinks() {
   disconnect();
-  for (NkField* target : std::exchange(m_links->targets, {})) {
-    if (target) target->m_links->source = nullptr;
+  if (m_hasLinks) {
+    for (NkField* target : std::exchange(links()->targets, {})) {
+      if (target) target->links()->source = nullptr;
+    }
   }
-  // Each takes itself out of the list, and its callback may take out others.
-  const auto nextSensor = [this] {
-    const std::vector<NkDataSensor*>& sensors = m_links->sensors;
-    const auto it = std::find_if(sensors.begin(), sensors.end(), [](const NkDataSensor* sensor) { return sensor; });
-    return it == sensors.end() ? nullptr : *it;
-  };
-  while (NkDataSensor* sensor = nextSensor()) sensor->watchedObjectDies();
+  // Each takes itself off the field, and its callback may take off others.
+  while (NkDataSensor* sensor = firstSensor()) sensor->watchedObjectDies();
 }
 
-void NkField::addSensor(NkDataSensor* sensor) { links().sensors.push_back(sensor); }
+void NkField::addSensor(NkDataSensor* sensor) {
+  if (m_listener)
+    makeLinks().sensors.push_back(sensor);
+  else
+    m_listener = sensor;
+}
 
 void NkField::removeSensor(NkDataSensor* sensor) {
-  std::vector<NkDataSensor*>& sensors = m_links->sensors;
+  if (m_listener == sensor) {
+    m_listener = nullptr;
+    return;
+  }
+  if (!m_hasLinks) return;
+  std::vector<NkDataSensor*>& sensors = links()->sensors;
   const auto it = std::find(sensors.begin(), sensors.end(), sensor);
   if (it == sensors.end()) return;
-  if (m_links->depth > 0)
+  if (links()->depth > 0)
     *it = nullptr;
   else
     sensors.erase(it);
@@ -64,8 +84,8 @@ bool NkField::connectFrom(NkField* source) {
   }
   if (getConnectedField() != source) {
     disconnect();
-    links().source = source;
-    source->links().targets.push_back(this);
+    makeLinks().source = source;
+    source->makeLinks().targets.push_back(this);
   }
   copyFrom(*source);
   return true;
@@ -73,13 +93,13 @@ bool NkField::connectFrom(NkField* source) {
 
 void NkField::disconnect() {
   if (!isConnected()) return;
-  Links& source = *m_links->source->m_links;
+  Links& source = *links()->source->links();
   const auto it = std::find(source.targets.begin(), source.targets.end(), this);
   if (source.depth > 0)
     *it = nullptr;
   else
     source.targets.erase(it);
-  m_links->source = nullptr;
+  links()->source = nullptr;
 }
 
 void NkField::disconnect(NkField* source) {
@@ -91,33 +111,38 @@ void NkField::touch() { notify(); }
 void NkField::notify() {
   NkFieldContainer* container = m_container;
   if (!container) {
-    if (m_links) notifyLinks();
+    if (m_listener) notifyLinks();
     return;
   }
   // From here on a callback may drop the container.
   const arbora::KeepAlive alive(container);
   container->fieldHasChanged(this);
-  if (!m_links && !container->m_armed) {
+  if (!m_listener && !container->m_armed) {
     container->m_changeId = NkNotification::nextStamp();
     return;
   }
   NkNotification notification;
   notification.field = this;
   container->notifyAbove(notification);
-  if (m_links) notifyLinks();
+  if (m_listener) notifyLinks();
   notification.setOffSensors();
 }
 
 void NkField::notifyLinks() {
   // The field may lose sensors and connections, and be written again, inside the callbacks. It lives as long as its
-  // container, which the caller keeps alive.
-  Links& state = *m_links;
-  ++state.depth;
+  // container, which the caller keeps alive. A sensor that comes meanwhile waits for the next change.
   NkNotification notification;
   notification.field = this;
   if (m_container && m_container->isOfType(NkNode::getClassTypeId()))
     notification.origin = static_cast<NkNode*>(m_container);
-  const std::size_t count = state.sensors.size();
+  std::size_t count = 0;
+  if (m_hasLinks)
+    count = links()->sensors.size();
+  else
+    firstSensor()->notify(notification);
+  if (!m_hasLinks) return;
+  Links& state = *links();
+  ++state.depth;
   for (std::size_t i = 0; i < count; ++i) {
     if (NkDataSensor* sensor = state.sensors[i]) sensor->notify(notification);
   }
@@ -142,7 +167,7 @@ void NkField::writeTargets(Links& state) {
   const std::size_t count = state.targets.size();
   for (std::size_t i = 0; i < count; ++i) {
     NkField* target = state.targets[i];
-    if (target && !target->m_links->notifying) target->copyFrom(*this);
+    if (target && !target->links()->notifying) target->copyFrom(*this);
   }
   state.notifying = false;
   --s_chain;

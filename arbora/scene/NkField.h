@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <vector>
 
 #include "arbora/base/NbName.h"
@@ -41,8 +40,8 @@ public:
   void disconnect();
   /// Takes the connection off only if it comes from `source`.
   void disconnect(NkField* source);
-  bool isConnected() const { return m_links && m_links->source; }
-  NkField* getConnectedField() const { return m_links ? m_links->source : nullptr; }
+  bool isConnected() const { return getConnectedField() != nullptr; }
+  NkField* getConnectedField() const { return m_hasLinks ? static_cast<Links*>(m_listener)->source : nullptr; }
 
   /// Notifies as a write does, without a new value and without touching the default flag.
   void touch();
@@ -72,14 +71,14 @@ protected:
   /// Every setter ends here.
   void valueChanged() {
     m_isDefault = false;
-    if (m_container || m_links) notify();
+    if (m_container || m_listener) notify();
   }
 
 private:
   friend class NkFieldContainer;
   friend class NkFieldSensor;
 
-  // Made on demand: most fields have no listener.
+  // Made on demand: most fields have no listener, and most of the others a single sensor.
   struct Links {
     NkField* source = nullptr;
     // Slots are emptied, not removed, while `depth` isn't 0.
@@ -88,7 +87,9 @@ private:
     int depth = 0;
     bool notifying = false;
   };
-  Links& links();
+  Links* links() const { return m_hasLinks ? static_cast<Links*>(m_listener) : nullptr; }
+  Links& makeLinks();
+  NkDataSensor* firstSensor() const;
   void addSensor(NkDataSensor* sensor);
   void removeSensor(NkDataSensor* sensor);
   void notify();
@@ -98,7 +99,8 @@ private:
 
   static NkType s_classTypeId;
   NkFieldContainer* m_container = nullptr;
-  std::unique_ptr<Links> m_links;
+  void* m_listener = nullptr; // The only sensor, or the links, which are owned.
   signed char m_fieldType = 0;
   bool m_isDefault = true;
+  bool m_hasLinks = false;
 };

@@ -30,7 +30,7 @@ void NkFieldContainer::notifyDelete() {
   if (const NkFieldData* data = getTypeId().isBad() ? nullptr : getFieldData()) {
     for (int i = 0; i < data->getNumFields(); ++i) {
       NkField* field = data->getField(this, i);
-      if (field->m_links) field->dropLinks();
+      if (field->m_listener) field->dropLinks();
     }
   }
   NkBase::notifyDelete();

@@ -85,32 +85,40 @@ void NkDelayQueueSensor::trigger() {
 
 // Data sensors
 
-/// Tells behind a callback whether it deleted the sensor.
-class NkDataSensor::LifeWatch {
+/// One call of a callback: what set it off, and afterwards whether it deleted the sensor.
+class NkDataSensor::Call {
 public:
-  explicit LifeWatch(NkDataSensor* sensor) : m_sensor(sensor), m_outer(sensor->m_deathFlag) {
-    sensor->m_deathFlag = &m_isDead;
+  explicit Call(NkDataSensor* sensor, NkField* field = nullptr, NkNode* node = nullptr)
+      : triggerField(field), triggerNode(node), m_sensor(sensor), m_outer(sensor->m_call) {
+    sensor->m_call = this;
   }
-  ~LifeWatch() {
-    if (!m_isDead)
-      m_sensor->m_deathFlag = m_outer;
-    else if (m_outer)
-      *m_outer = true;
+  ~Call() {
+    if (m_sensor) m_sensor->m_call = m_outer;
   }
-  LifeWatch(const LifeWatch&) = delete;
-  LifeWatch& operator=(const LifeWatch&) = delete;
-  bool isDead() const { return m_isDead; }
+  Call(const Call&) = delete;
+  Call& operator=(const Call&) = delete;
+
+  void sensorDies() {
+    for (Call* call = this; call; call = call->m_outer) call->m_sensor = nullptr;
+  }
+  bool isSensorDead() const { return !m_sensor; }
+
+  NkField* const triggerField;
+  NkNode* const triggerNode;
 
 private:
   NkDataSensor* m_sensor;
-  bool* m_outer;
-  bool m_isDead = false;
+  Call* m_outer;
 };
 
 NkDataSensor::~NkDataSensor() {
   NkNotification::forget(this);
-  if (m_deathFlag) *m_deathFlag = true;
+  if (m_call) m_call->sensorDies();
 }
+
+NkField* NkDataSensor::getTriggerField() const { return m_call ? m_call->triggerField : nullptr; }
+
+NkNode* NkDataSensor::getTriggerNode() const { return m_call ? m_call->triggerNode : nullptr; }
 
 void NkDataSensor::setDeleteCallback(NkSensorCB* callback, void* data) {
   m_deleteCallback = callback;
@@ -118,9 +126,9 @@ void NkDataSensor::setDeleteCallback(NkSensorCB* callback, void* data) {
 }
 
 bool NkDataSensor::callDeleteCallback() {
-  const LifeWatch life(this);
+  const Call call(this, getTriggerField(), getTriggerNode());
   if (m_deleteCallback) m_deleteCallback(m_deleteData, this);
-  return !life.isDead();
+  return !call.isSensorDead();
 }
 
 void NkDataSensor::notify(const NkNotification& notification) {
@@ -129,15 +137,8 @@ void NkDataSensor::notify(const NkNotification& notification) {
     return;
   }
   // A callback may write again and so get here from inside itself.
-  const LifeWatch life(this);
-  NkField* const outerField = m_triggerField;
-  NkNode* const outerNode = m_triggerNode;
-  m_triggerField = notification.field;
-  m_triggerNode = notification.origin;
+  const Call call(this, notification.field, notification.origin);
   trigger();
-  if (life.isDead()) return;
-  m_triggerField = outerField;
-  m_triggerNode = outerNode;
 }
 
 NkFieldSensor::~NkFieldSensor() { detach(); }

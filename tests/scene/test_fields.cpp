@@ -1,4 +1,8 @@
 #include "SceneTest.h"
+
+#include <functional>
+#include <string>
+
 #include "arbora/scene/NkCube.h"
 #include "arbora/scene/NkFieldSensor.h"
 #include "arbora/scene/NkGetBoundingBoxAction.h"
@@ -356,6 +360,78 @@ TEST_F(Sensors, TheNodeMayLoseItsLastReferenceInTheCallback) {
   cube->width = 1;
   EXPECT_FALSE(cube);
   EXPECT_EQ(sensor.getAttachedField(), nullptr);
+}
+
+namespace {
+
+/// Two sensors on the width of a cube that note their calls; the first may do something in its own.
+struct TwoSensors {
+  const Ref<NkCube> cube{new NkCube};
+  std::string calls;
+  std::function<void()> inFirst = [] {};
+  NkFieldSensor first{&firstCalled, this};
+  NkFieldSensor second{&secondCalled, this};
+
+  TwoSensors() {
+    first.setPriority(0);
+    second.setPriority(0);
+    first.attach(&cube->width);
+  }
+  std::string write() {
+    calls.clear();
+    cube->width = 3;
+    return calls;
+  }
+
+private:
+  static void firstCalled(void* self, NkSensor*) {
+    static_cast<TwoSensors*>(self)->calls += "1";
+    static_cast<TwoSensors*>(self)->inFirst();
+  }
+  static void secondCalled(void* self, NkSensor*) { static_cast<TwoSensors*>(self)->calls += "2"; }
+};
+
+} // namespace
+
+TEST_F(Sensors, ASensorThatIsAttachedAgainIsCalledLast) {
+  TwoSensors sensors;
+  sensors.second.attach(&sensors.cube->width);
+  EXPECT_EQ(sensors.write(), "12");
+  sensors.first.detach();
+  EXPECT_EQ(sensors.write(), "2");
+  sensors.first.attach(&sensors.cube->width);
+  EXPECT_EQ(sensors.write(), "21");
+}
+
+TEST_F(Sensors, ASensorThatComesInACallbackWaitsForTheNextWrite) {
+  TwoSensors sensors;
+  sensors.inFirst = [&] { sensors.second.attach(&sensors.cube->width); };
+  EXPECT_EQ(sensors.write(), "1");
+  EXPECT_EQ(sensors.write(), "12");
+}
+
+TEST_F(Sensors, ASensorMayGoAndComeInItsOwnCallback) {
+  TwoSensors sensors;
+  sensors.inFirst = [&] {
+    sensors.first.detach();
+    sensors.second.attach(&sensors.cube->width);
+    sensors.first.attach(&sensors.cube->width);
+  };
+  EXPECT_EQ(sensors.write(), "1");
+  sensors.inFirst = [] {};
+  EXPECT_EQ(sensors.write(), "21");
+}
+
+TEST_F(Sensors, AFieldThatIsFollowedInACallbackIsFollowedAtOnce) {
+  TwoSensors sensors;
+  const Ref<NkCube> follower(new NkCube);
+  Counter<NkFieldSensor> heard;
+  heard.sensor.attach(&follower->height);
+  sensors.inFirst = [&] { follower->height.connectFrom(&sensors.cube->width); };
+  EXPECT_EQ(sensors.write(), "1");
+  // Once by the connection, once by the write that goes on.
+  EXPECT_EQ(heard.calls, 2);
+  EXPECT_EQ(follower->height.getValue(), 3.0f);
 }
 
 TEST_F(Sensors, ANestedWriteReachesTheSensorAgain) {

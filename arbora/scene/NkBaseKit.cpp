@@ -131,7 +131,7 @@ NbName NkBaseKit::getPartString(const NkBase* part) const {
 }
 
 NkSFNode* NkBaseKit::holderAt(int part) const {
-  const std::ptrdiff_t offset = getNodekitCatalog()->get(part).holderOffset;
+  const std::ptrdiff_t offset = getNodekitCatalog()->m_entries[static_cast<std::size_t>(part)].holderOffset;
   return reinterpret_cast<NkSFNode*>(reinterpret_cast<char*>(const_cast<NkBaseKit*>(this)) + offset);
 }
 
@@ -350,9 +350,11 @@ void NkBaseKit::placePart(int part, NkNode* node) {
 void NkBaseKit::placePartsBelow(int part, NkNode* previous, NkNode* node) {
   // Parts move with their parent's place: into the node that is their parent now, and out with it.
   const NkNodekitCatalog* catalog = getNodekitCatalog();
-  for (int below = 0; below < catalog->getNumEntries(); ++below) {
+  for (std::size_t i = 0; i < catalog->m_entries.size(); ++i) {
+    if (catalog->m_entries[i].parent != part) continue;
+    const int below = static_cast<int>(i);
     const arbora::Ref<NkNode> child(nodeAt(below));
-    if (catalog->getParentPartNumber(below) != part || !child) continue;
+    if (!child) continue;
     if (!node) {
       putPart(below, nullptr);
       continue;

@@ -32,6 +32,8 @@ void NkChildList::append(NkNode* child) { insert(child, getLength()); }
 void NkChildList::insert(NkNode* child, int index) {
   if (!child) return;
   child->ref();
+  // As many as fit into the smallest piece of memory.
+  if (m_children.empty()) m_children.reserve(3);
   m_children.insert(m_children.begin() + std::clamp(index, 0, getLength()), child);
   child->addParent(m_owner);
   m_owner->childrenChanged(child);

@@ -66,9 +66,9 @@ bool NkFieldData::getEnumData(const char* typeName, int& count, const int*& valu
 }
 
 const arbora::EnumData* NkFieldData::getEnumData(const char* typeName) const {
-  const NbName type(typeName);
+  const std::string_view type(typeName);
   for (const std::shared_ptr<arbora::EnumData>& data : m_enums) {
-    if (data->typeName == type) return data.get();
+    if (data->typeName.getView() == type) return data.get();
   }
   return nullptr;
 }

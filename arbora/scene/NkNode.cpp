@@ -16,20 +16,32 @@
 namespace arbora {
 
 void ParentList::add(NkNode* parent) {
-  if (m_many.empty() && m_few.size() < kFew)
-    m_few.push_back(parent);
+  if (isEmpty()) {
+    m_first = parent;
+    return;
+  }
+  if (!m_more) m_more = std::make_unique<More>();
+  if (m_more->many.empty() && m_more->few.size() < kFew)
+    m_more->few.push_back(parent);
   else
-    ++m_many[parent];
+    ++m_more->many[parent];
 }
 
 void ParentList::remove(NkNode* parent) {
-  const auto it = m_many.find(parent);
-  if (it != m_many.end()) {
-    if (--it->second == 0) m_many.erase(it);
-    return;
+  if (m_more) {
+    auto& [few, many] = *m_more;
+    const auto it = many.find(parent);
+    if (it != many.end()) {
+      if (--it->second == 0) many.erase(it);
+      return;
+    }
+    const auto last = std::find(few.rbegin(), few.rend(), parent);
+    if (last != few.rend()) {
+      few.erase(std::next(last).base());
+      return;
+    }
   }
-  const auto few = std::find(m_few.rbegin(), m_few.rend(), parent);
-  if (few != m_few.rend()) m_few.erase(std::next(few).base());
+  if (m_first == parent) m_first = nullptr;
 }
 
 } // namespace arbora

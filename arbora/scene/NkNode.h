@@ -28,17 +28,23 @@ class ParentList {
 public:
   void add(NkNode* parent);
   void remove(NkNode* parent);
-  bool isEmpty() const { return m_few.empty() && m_many.empty(); }
+  bool isEmpty() const { return !m_first && (!m_more || (m_more->few.empty() && m_more->many.empty())); }
   template <class F>
   void forEach(F&& f) const {
-    for (NkNode* parent : m_few) f(parent);
-    for (const auto& [parent, count] : m_many) f(parent);
+    if (m_first) f(m_first);
+    if (!m_more) return;
+    for (NkNode* parent : m_more->few) f(parent);
+    for (const auto& [parent, count] : m_more->many) f(parent);
   }
 
 private:
   static constexpr std::size_t kFew = 16;
-  std::vector<NkNode*> m_few;
-  std::unordered_map<NkNode*, int> m_many;
+  struct More {
+    std::vector<NkNode*> few;
+    std::unordered_map<NkNode*, int> many;
+  };
+  NkNode* m_first = nullptr;
+  std::unique_ptr<More> m_more; // Made on demand: most nodes have one parent.
 };
 
 } // namespace arbora

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <atomic>
 #include <map>
 #include <memory>
 #include <string>
@@ -56,6 +57,12 @@ const NkFieldData* missingFieldData(const NodeClass& nodeClass) {
 NodeConstruction::NodeConstruction(const NodeClass& nodeClass, NkFieldContainer* object, void (*initClass)(),
                                    NkType objectType)
     : m_class(nodeClass), m_object(object) {
+  const std::atomic_ref<int> isFirst(m_class.firstInstance);
+  if (isFirst.load(std::memory_order_acquire) == 0) {
+    // The table is whole: nothing is left to guard.
+    NkTypedObject::checkDatabase(m_class.className, object, objectType, m_class.classTypeId);
+    return;
+  }
   m_class.classMutex.lock();
   m_locked = true;
   if (m_class.classTypeId.isBad()) {
@@ -71,8 +78,7 @@ NodeConstruction::NodeConstruction(const NodeClass& nodeClass, NkFieldContainer*
     m_class.fieldData = new NkFieldData(m_class.parentFieldData ? *m_class.parentFieldData : nullptr);
   } else {
     // Later constructors, on whatever thread, only read it.
-    if (m_class.firstInstance) m_class.firstInstance = 0;
-    // The table is whole: nothing is left to guard.
+    isFirst.store(0, std::memory_order_release);
     m_class.classMutex.unlock();
     m_locked = false;
   }

@@ -25,29 +25,12 @@
 #include "arbora/scene/NkTexture2.h"
 #include "arbora/scene/NkTransform.h"
 #include "arbora/scene/RecordingBackend.h"
+#include "tests/scene/ModelNodes.h"
 #include "tests/scene/SceneTest.h"
 
 using arbora::Ref;
 
 namespace {
-
-/// Holds nodes in fields.
-class Holder : public NkNode {
-  NK_NODE_HEADER(Holder);
-
-public:
-  NkSFNode one;
-  NkMFNode many;
-  Holder() {
-    NK_NODE_CONSTRUCTOR(Holder);
-    NK_NODE_ADD_FIELD(one, (nullptr));
-    NK_NODE_ADD_FIELD(many, (nullptr));
-  }
-
-protected:
-  ~Holder() override = default;
-};
-NK_NODE_SOURCE(Holder, NkNode, "RobustHolder");
 
 /// Calls out, once, when a traversal comes by.
 class Caller : public NkGroup {
@@ -66,22 +49,6 @@ protected:
   ~Caller() override = default;
 };
 NK_NODE_SOURCE(Caller, NkGroup, "RobustCaller");
-
-/// Keeps its state to itself, without a cache.
-class Isolating : public NkGroup {
-  NK_NODE_HEADER(Isolating);
-
-public:
-  Isolating() { NK_NODE_CONSTRUCTOR(Isolating); }
-  void doAction(NkAction* action) override {
-    const NkAction::StateScope scope(action);
-    NkGroup::doAction(action);
-  }
-
-protected:
-  ~Isolating() override = default;
-};
-NK_NODE_SOURCE(Isolating, NkGroup, "RobustIsolating");
 
 class Kit : public NkInteractionKit {
   NK_KIT_HEADER(Kit);

@@ -22,6 +22,7 @@
 #include "arbora/scene/NkText3.h"
 #include "arbora/scene/NkTranslation.h"
 #include "arbora/scene/RecordingBackend.h"
+#include "tests/scene/ModelNodes.h"
 #include "tests/scene/SceneTest.h"
 
 using arbora::RecordingBackend;
@@ -32,41 +33,6 @@ using arbora::Ref;
 // nodes tell of their changes, which would hide that they don't.
 
 namespace {
-
-/// Holds nodes in fields.
-class Holder : public NkNode {
-  NK_NODE_HEADER(Holder);
-
-public:
-  NkSFNode one;
-  NkMFNode many;
-  Holder() {
-    NK_NODE_CONSTRUCTOR(Holder);
-    NK_NODE_ADD_FIELD(one, (nullptr));
-    NK_NODE_ADD_FIELD(many, (nullptr));
-  }
-
-protected:
-  ~Holder() override = default;
-};
-NK_NODE_SOURCE(Holder, NkNode, "RandomHolder");
-
-/// Keeps its state to itself, without a cache.
-class Isolating : public NkGroup {
-  NK_NODE_HEADER(Isolating);
-
-public:
-  Isolating() { NK_NODE_CONSTRUCTOR(Isolating); }
-  bool affectsState() const override { return false; }
-  void doAction(NkAction* action) override {
-    const NkAction::StateScope scope(action);
-    NkGroup::doAction(action);
-  }
-
-protected:
-  ~Isolating() override = default;
-};
-NK_NODE_SOURCE(Isolating, NkGroup, "RandomIsolating");
 
 class Kit : public NkInteractionKit {
   NK_KIT_HEADER(Kit);

@@ -24,6 +24,11 @@ inline constexpr const char* kHoldsContainer = "The child node is this container
 inline constexpr const char* kOutOfRange = "Index %d is out of range %d - %d";
 inline constexpr const char* kOutOfRangeBeCareful = "Index %d is out of range %d - %d; Be careful";
 
+/// Those of the launchers, which hold dialogs.
+constexpr ContainerRules launcherRules(const char* className) {
+  return {className, kOutOfRangeBeCareful, false, false, true};
+}
+
 /// The children of a container. They stand at the front of the kit's child list, ahead of the kit's own parts, and are
 /// counted apart. Misuse is posted under the name of the container's class and changes nothing.
 class PANELIX_API Children {

@@ -85,8 +85,7 @@ protected:
   virtual void change3DLabelVisibility();
   virtual void change3DEdgeStyle();
 
-  /// The size fields, and what `fixedWidth` and `fixedHeight` make of the limits of a size.
-  panelix::SizeTriple sizeFields() const;
+  /// What `fixedWidth` and `fixedHeight` make of the limits of a size.
   void holdFixed(panelix::SizeTriple& triple) const;
   /// The size fields as the file or the application set them, before any layout.
   void getDefaultState(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) const;
@@ -117,7 +116,7 @@ protected:
   NkSFNode edgeStyleShadowOut;
 
 private:
-  void setSize(const panelix::SizeTriple& triple);
+  void setSize(panelix::SizeTriple triple);
   void setDefaultState();
   void createComponentWidget(HWND parent);
   void create3DDialogComponent();
@@ -126,8 +125,8 @@ private:
 
   panelix::SizeTriple m_defaultState;
   int m_firstBuild = 1;
-  std::unique_ptr<NkFieldSensor> m_edgeStyleSensor, m_labelVisibilitySensor, m_widthSensor, m_heightSensor,
-      m_minWidthSensor, m_minHeightSensor, m_maxWidthSensor, m_maxHeightSensor;
+  std::unique_ptr<NkFieldSensor> m_edgeStyleSensor, m_labelVisibilitySensor;
+  panelix::SizeSensors m_sizeSensors;
   arbora::Ref<NkScale> m_scale3D;
   std::uint64_t m_measuredFrame = 0; // Id of the frame for which the transform stands.
 };

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "Panelix/Container.h"
+#include "Panelix/AuditedContainer.h"
 #include "Panelix/NkDialogComponent.h"
 #include "Panelix/SizeDatabase.h"
 
-class NkDialogAuditor;
-
 /// Base of the containers inside a dialog. It holds components, and leaves their places to its subclasses.
-class PANELIX_API NkDialogGroup : public panelix::Container<NkDialogComponent, NkDialogComponent> {
+class PANELIX_API NkDialogGroup : public panelix::AuditedContainer<NkDialogComponent, NkDialogComponent> {
   NK_KIT_HEADER(NkDialogGroup);
 
 public:
@@ -20,9 +18,6 @@ public:
 
   NkDialogGroup();
 
-  /// The auditor hears of each user action in the group of which nobody further down has heard.
-  void addAuditor(NkDialogAuditor* auditor);
-  void removeAuditor(NkDialogAuditor* auditor);
   /// Runs the auditors once over the present state of every component below.
   void applyAuditors();
   /// The first component below, in the order of the file, with that `auditorID`; NULL if there is none.

@@ -1,22 +1,17 @@
 #pragma once
 
-#include "Panelix/Container.h"
+#include "Panelix/AuditedContainer.h"
 #include "Panelix/NkMenuPopup.h"
 #include "Panelix/NkTopComponent.h"
 
-class NkDialogAuditor;
-
 /// The row of menus of a top-level dialog.
-class PANELIX_API NkMenuBar : public panelix::Container<NkTopComponent, NkMenuPopup> {
+class PANELIX_API NkMenuBar : public panelix::AuditedContainer<NkTopComponent, NkMenuPopup> {
   NK_KIT_HEADER(NkMenuBar);
   NK_SKIN_HEADER(MenuBar);
 
 public:
   NkMenuBar();
 
-  /// The auditor hears of each user action in the menus of which nobody further down has heard.
-  void addAuditor(NkDialogAuditor* auditor);
-  void removeAuditor(NkDialogAuditor* auditor);
   /// The first entry below, in the order of the file, with that `auditorID`; NULL if there is none.
   NkPanelix* searchForAuditorId(NbString id);
 

@@ -16,11 +16,9 @@
 
 class NkAuditor;
 class NkGetBoundingBoxAction;
-class NkGetMatrixAction;
 class NkGroup;
 class NkMaterial;
 class NkPickStyle;
-class NkSearchAction;
 class NkText3;
 class NkTransform;
 class NkTranslation;
@@ -280,9 +278,6 @@ private:
 
   std::unique_ptr<NbPList> m_auditors;
   std::unique_ptr<NkFieldSensor> m_enableSensor, m_labelSensor, m_labelAlignmentSensor;
-  std::unique_ptr<NkGetBoundingBoxAction> m_bboxAction;
-  std::unique_ptr<NkSearchAction> m_searchAction;
-  std::unique_ptr<NkGetMatrixAction> m_matrixAction;
   NbBox3f m_labelCachedBBox;
   int m_built3D = 0;
   int m_canBeTraversed = 1;

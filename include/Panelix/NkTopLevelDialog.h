@@ -1,17 +1,16 @@
 #pragma once
 
-#include "Panelix/Container.h"
+#include "Panelix/AuditedContainer.h"
 #include "Panelix/NkTopComponent.h"
 #include "Panelix/SizeDatabase.h"
 #include "arbora/base/NbPlaneProjector.h"
 
-class NkDialogAuditor;
 class NkMenuBar;
 class NkScale;
 class NkTopLevelAuditor;
 
 /// Root of a dialog, a window of its own: it holds components and at most one menu bar, and stacks them as rows.
-class PANELIX_API NkTopLevelDialog : public panelix::Container<NkPanelix, NkTopComponent> {
+class PANELIX_API NkTopLevelDialog : public panelix::AuditedContainer<NkPanelix, NkTopComponent> {
   NK_KIT_HEADER(NkTopLevelDialog);
   NK_SKIN_HEADER(TopLevelDialog);
 
@@ -41,9 +40,6 @@ public:
 
   NkTopLevelDialog();
 
-  /// The auditor hears of each user action in the dialog of which nobody further down has heard.
-  void addAuditor(NkDialogAuditor* auditor);
-  void removeAuditor(NkDialogAuditor* auditor);
   /// Runs the auditors once over the present state of every component below.
   void applyAuditors();
   /// The first component below, in the order of the file, with that `auditorID`; NULL if there is none.
@@ -111,7 +107,6 @@ private:
   friend struct Procedures;
 
   // Sizes
-  panelix::SizeTriple sizeFields() const;
   void fixSizeWithBorder(NbVec2i32& size, int factor) const;
   void getDefaultSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max);
   void computeNewChildrenHeight(const NbVec2i32& target);
@@ -181,8 +176,8 @@ private:
 
   std::unique_ptr<NkFieldSensor> m_marginSensor, m_modalFrameSensor, m_rowSpacingSensor, m_resizableSensor,
       m_positionSensor, m_position3DSensor, m_minimizedSensor, m_independentMinimizedPositionSensor,
-      m_minimized3DPositionSensor, m_minWidthSensor, m_minHeightSensor, m_maxWidthSensor, m_maxHeightSensor,
-      m_widthSensor, m_heightSensor;
+      m_minimized3DPositionSensor;
+  panelix::SizeSensors m_sizeSensors;
 
   NbPlaneProjector m_planeProjector;
   NbVec3f m_dragWorldPoint;

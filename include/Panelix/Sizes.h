@@ -1,9 +1,13 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <climits>
+#include <memory>
 
 #include "arbora/base/NbVec2i32.h"
+
+class NkFieldSensor;
 
 namespace panelix {
 
@@ -15,7 +19,13 @@ struct SizeTriple {
   NbVec2i32 size{0, 0};
   NbVec2i32 min{0, 0};
   NbVec2i32 max{0, 0};
+
+  /// Width and height of the size, of the min and of the max, in this order.
+  int& at(int index) { return (index < 2 ? size : index < 4 ? min : max)[index % 2]; }
 };
+
+/// One for each of the six.
+using SizeSensors = std::array<std::unique_ptr<NkFieldSensor>, 6>;
 
 /// Adds to a size. What is unbounded stays so, and nothing exceeds it.
 inline int addSaturating(int size, long long amount) {
@@ -44,13 +54,15 @@ inline int clampMinWins(int size, int min, int max) {
   return size > max ? max : size;
 }
 
-/// Gives what isn't set, 0, from the triple that `getDefault` tells, which is only asked if anything is missing; then
-/// holds the size within its limits.
-template <class GetDefault>
-void fillAndClamp(SizeTriple& triple, GetDefault&& getDefault) {
+/// Gives what isn't set, 0, from what `getDefault(size, min, max)` tells, which is only asked if anything is missing;
+/// `addBorder` makes each of the three a size of the whole. Then holds the size within its limits.
+template <class GetDefault, class AddBorder>
+void fillAndClamp(SizeTriple& triple, GetDefault&& getDefault, AddBorder&& addBorder) {
   const auto isSet = [](const NbVec2i32& value) { return value[0] != 0 && value[1] != 0; };
   if (!isSet(triple.size) || !isSet(triple.min) || !isSet(triple.max)) {
-    const SizeTriple standard = getDefault();
+    SizeTriple standard;
+    getDefault(standard.size, standard.min, standard.max);
+    for (NbVec2i32* value : {&standard.size, &standard.min, &standard.max}) addBorder(*value);
     const auto fill = [](NbVec2i32& value, const NbVec2i32& from) {
       for (int axis = 0; axis < 2; ++axis) {
         if (value[axis] == 0) value[axis] = from[axis];

@@ -18,6 +18,7 @@
 #include "arbora/scene/NkTranslation.h"
 #include "arbora/win/NkWin.h"
 #include "src/dialog/support/SensorPause.h"
+#include "src/dialog/support/SizeFields.h"
 #include "src/dialog/support/Windows.h"
 
 using panelix::addSaturating;
@@ -60,23 +61,15 @@ NkDialogComponent::~NkDialogComponent() {
 
 // Sizes
 
-SizeTriple NkDialogComponent::sizeFields() const {
-  return {NbVec2i32(width.getValue(), height.getValue()), NbVec2i32(minWidth.getValue(), minHeight.getValue()),
-          NbVec2i32(maxWidth.getValue(), maxHeight.getValue())};
-}
-
 void NkDialogComponent::holdFixed(SizeTriple& triple) const {
   if (fixedWidth.getValue()) triple.min[0] = triple.max[0] = triple.size[0];
   if (fixedHeight.getValue()) triple.min[1] = triple.max[1] = triple.size[1];
 }
 
 void NkDialogComponent::getSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) {
-  SizeTriple triple = sizeFields();
-  panelix::fillAndClamp(triple, [this] {
-    SizeTriple standard;
-    getDefaultSize(standard.size, standard.min, standard.max);
-    return standard;
-  });
+  SizeTriple triple = panelix::sizeFieldsOf(*this);
+  panelix::fillAndClamp(
+      triple, [this](auto&... sizes) { getDefaultSize(sizes...); }, [](NbVec2i32&) {});
   holdFixed(triple);
   size = triple.size;
   min = triple.min;
@@ -100,25 +93,13 @@ NbVec2i32 NkDialogComponent::getLabelInitSize() {
   return m_labelInitSize;
 }
 
-void NkDialogComponent::setSize(const SizeTriple& triple) {
-  writeChange(m_widthSensor, width, triple.size[0]);
-  writeChange(m_heightSensor, height, triple.size[1]);
-  writeChange(m_minWidthSensor, minWidth, triple.min[0]);
-  writeChange(m_minHeightSensor, minHeight, triple.min[1]);
-  writeChange(m_maxWidthSensor, maxWidth, triple.max[0]);
-  writeChange(m_maxHeightSensor, maxHeight, triple.max[1]);
+void NkDialogComponent::setSize(SizeTriple triple) {
+  panelix::forEachSizeField(
+      *this, [&](NkSFInt32& field, int index) { writeChange(m_sizeSensors[index], field, triple.at(index)); });
 }
 
 void NkDialogComponent::setDefaultState() {
-  // Negotiated sizes don't go into files.
-  if (m_defaultState.size[0] == 0) width.setDefault(true);
-  if (m_defaultState.size[1] == 0) height.setDefault(true);
-  if (m_defaultState.min[0] == 0 || fixedWidth.getValue()) minWidth.setDefault(true);
-  if (m_defaultState.min[1] == 0 || fixedHeight.getValue()) minHeight.setDefault(true);
-  if (m_defaultState.max[0] == 0 || maxWidth.getValue() == panelix::kUnbounded || fixedWidth.getValue())
-    maxWidth.setDefault(true);
-  if (m_defaultState.max[1] == 0 || maxHeight.getValue() == panelix::kUnbounded || fixedHeight.getValue())
-    maxHeight.setDefault(true);
+  panelix::hideNegotiatedSizes(*this, m_defaultState, fixedWidth.getValue(), fixedHeight.getValue());
 }
 
 void NkDialogComponent::getDefaultState(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) const {
@@ -139,7 +120,7 @@ void NkDialogComponent::changeWidth() { m_defaultState.size[0] = width.getValue(
 void NkDialogComponent::changeHeight() { m_defaultState.size[1] = height.getValue(); }
 
 void NkDialogComponent::changeMinMaxSize() {
-  const SizeTriple fields = sizeFields();
+  const SizeTriple fields = panelix::sizeFieldsOf(*this);
   m_defaultState.min = fields.min;
   m_defaultState.max = fields.max;
 }
@@ -163,7 +144,7 @@ void NkDialogComponent::buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& pos
     if (size[axis] != 0) triple.size[axis] = panelix::clampMinWins(size[axis], triple.min[axis], triple.max[axis]);
   }
   holdFixed(triple);
-  if (m_firstBuild) m_defaultState = sizeFields();
+  if (m_firstBuild) m_defaultState = panelix::sizeFieldsOf(*this);
   setSize(triple);
   setDefaultState();
   m_position = position;
@@ -180,15 +161,10 @@ void NkDialogComponent::buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& pos
     }
     update3DDialogComponent();
   }
-  if (m_maxHeightSensor) return;
+  if (m_sizeSensors.back()) return;
   attachSensor(m_labelVisibilitySensor, labelVisibility);
   attachSensor(m_edgeStyleSensor, edgeStyle);
-  attachSensor(m_widthSensor, width);
-  attachSensor(m_heightSensor, height);
-  attachSensor(m_minWidthSensor, minWidth);
-  attachSensor(m_minHeightSensor, minHeight);
-  attachSensor(m_maxWidthSensor, maxWidth);
-  attachSensor(m_maxHeightSensor, maxHeight);
+  panelix::forEachSizeField(*this, [this](NkSFInt32& field, int index) { attachSensor(m_sizeSensors[index], field); });
 }
 
 void NkDialogComponent::updateFromSensor(NkSensor* sensor) {
@@ -201,15 +177,21 @@ void NkDialogComponent::updateFromSensor(NkSensor* sensor) {
   } else if (sensor == m_edgeStyleSensor.get()) {
     if (in2D) changeEdgeStyle();
     if (in3D) change3DEdgeStyle();
-  } else if (sensor == m_widthSensor.get()) {
-    changeWidth();
-  } else if (sensor == m_heightSensor.get()) {
-    changeHeight();
-  } else if (sensor == m_minWidthSensor.get() || sensor == m_minHeightSensor.get() ||
-             sensor == m_maxWidthSensor.get() || sensor == m_maxHeightSensor.get()) {
-    changeMinMaxSize();
   } else {
-    NkTopComponent::updateFromSensor(sensor);
+    switch (panelix::sizeFieldOf(m_sizeSensors, sensor)) {
+      case -1:
+        NkTopComponent::updateFromSensor(sensor);
+        break;
+      case 0:
+        changeWidth();
+        break;
+      case 1:
+        changeHeight();
+        break;
+      default:
+        changeMinMaxSize();
+        break;
+    }
   }
 }
 

@@ -3,6 +3,7 @@
 #include "Panelix/NkDialogGroupAuditor.h"
 #include "Panelix/NkTopLevelDialog.h"
 #include "src/dialog/support/Auditing.h"
+#include "src/dialog/support/SizeFields.h"
 #include "src/dialog/support/Windows.h"
 
 using panelix::SizeTriple;
@@ -18,7 +19,7 @@ constexpr int kScrollBar = 16;
 
 } // namespace
 
-NkDialogGroup::NkDialogGroup() : Container(kRules) {
+NkDialogGroup::NkDialogGroup() : AuditedContainer(kRules) {
   NK_KIT_CONSTRUCTOR(NkDialogGroup);
   NK_NODE_ADD_FIELD(windowResizedByChildren, (TRUE));
   NK_NODE_ADD_FIELD(margin, (0));
@@ -39,15 +40,10 @@ NkDialogGroup::~NkDialogGroup() {
 // Sizes
 
 void NkDialogGroup::getSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) {
-  SizeTriple triple = sizeFields();
-  panelix::fillAndClamp(triple, [this] {
-    SizeTriple standard;
-    getDefaultSize(standard.size, standard.min, standard.max);
-    fixSizeWithBorder(standard.size, 1);
-    fixSizeWithBorder(standard.min, 1);
-    fixSizeWithBorder(standard.max, 1);
-    return standard;
-  });
+  SizeTriple triple = panelix::sizeFieldsOf(*this);
+  panelix::fillAndClamp(
+      triple, [this](auto&... sizes) { getDefaultSize(sizes...); },
+      [this](NbVec2i32& value) { fixSizeWithBorder(value, 1); });
   holdFixed(triple);
   size = triple.size;
   min = triple.min;
@@ -94,12 +90,7 @@ void NkDialogGroup::updateAfterSceneGraphChange() {
   if (windowResizedByChildren.getValue()) {
     SizeTriple given;
     getDefaultState(given.size, given.min, given.max);
-    width = given.size[0];
-    height = given.size[1];
-    minWidth = given.min[0];
-    minHeight = given.min[1];
-    maxWidth = given.max[0];
-    maxHeight = given.max[1];
+    panelix::setSizeFields(*this, given);
   }
   m_sizes.clear();
   m_componentInitSize = NbVec2i32(-1, -1);
@@ -140,15 +131,7 @@ void NkDialogGroup::setScrollProperties() {
   if (vScrollVisibility.getValue() == AUTO && content.min[1] > windowSize[1]) m_vScrollOn = TRUE;
   if (hScrollVisibility.getValue() == AUTO && content.min[0] > windowSize[0]) m_hScrollOn = TRUE;
   const auto setRange = [this](int bar, int max, int page) {
-    SCROLLINFO info{};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_ALL | SIF_DISABLENOSCROLL;
-    GetScrollInfo(m_widget, bar, &info);
-    info.nMin = 0;
-    info.nMax = max;
-    info.nPage = static_cast<UINT>(page);
-    info.nTrackPos = 0;
-    SetScrollInfo(m_widget, bar, &info, TRUE);
+    panelix::setScrollRange(m_widget, bar, max, page, panelix::scrollPosition(m_widget, bar));
   };
   if (m_vScrollOn)
     setRange(SB_VERT, panelix::addSaturating(content.min[1], m_hScrollOn ? kScrollBar : 0), windowSize[1]);
@@ -225,10 +208,6 @@ void NkDialogGroup::change3DWidgetEnable(int on) {
 }
 
 // Auditors
-
-void NkDialogGroup::addAuditor(NkDialogAuditor* auditor) { NkPanelix::addAuditor(auditor); }
-
-void NkDialogGroup::removeAuditor(NkDialogAuditor* auditor) { NkPanelix::removeAuditor(auditor); }
 
 void NkDialogGroup::applyAuditors() { panelix::applyAuditorsBelow(*this); }
 

@@ -1,6 +1,5 @@
 #include "Panelix/NkMenuBar.h"
 
-#include "Panelix/NkDialogAuditor.h"
 #include "arbora/scene/NkSeparator.h"
 #include "src/dialog/support/Auditing.h"
 
@@ -12,7 +11,7 @@ constexpr panelix::ContainerRules kRules{"NkMenuBar", panelix::kOutOfRange, fals
 
 } // namespace
 
-NkMenuBar::NkMenuBar() : Container(kRules) {
+NkMenuBar::NkMenuBar() : AuditedContainer(kRules) {
   NK_KIT_CONSTRUCTOR(NkMenuBar);
   NK_KIT_ADD_CATALOG_ENTRY(frameSep, NkSeparator, true, "geomSwitch", "", false);
   NK_KIT_ADD_CATALOG_ENTRY(frame, NkGroup, true, "frameSep", "", true);
@@ -22,10 +21,6 @@ NkMenuBar::NkMenuBar() : Container(kRules) {
 NkMenuBar::~NkMenuBar() = default;
 
 // Auditors
-
-void NkMenuBar::addAuditor(NkDialogAuditor* auditor) { NkPanelix::addAuditor(auditor); }
-
-void NkMenuBar::removeAuditor(NkDialogAuditor* auditor) { NkPanelix::removeAuditor(auditor); }
 
 NkPanelix* NkMenuBar::searchForAuditorId(NbString id) { return panelix::findAuditorId(*this, id); }
 

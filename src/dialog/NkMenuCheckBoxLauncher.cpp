@@ -6,7 +6,7 @@ NK_KIT_SOURCE(NkMenuCheckBoxLauncher, NkMenuCheckBox, "MenuCheckBoxLauncher");
 
 namespace {
 
-constexpr panelix::ContainerRules kRules{"NkMenuCheckBoxLauncher", panelix::kOutOfRangeBeCareful, false, false, true};
+constexpr panelix::ContainerRules kRules = panelix::launcherRules("NkMenuCheckBoxLauncher");
 
 } // namespace
 

@@ -1,6 +1,5 @@
 #include "Panelix/NkMenuPopup.h"
 
-#include "Panelix/NkDialogAuditor.h"
 #include "arbora/scene/NkSeparator.h"
 #include "arbora/scene/NkSwitch.h"
 #include "src/dialog/support/Auditing.h"
@@ -13,7 +12,7 @@ constexpr panelix::ContainerRules kRules{"NkMenuPopup", panelix::kOutOfRange, fa
 
 } // namespace
 
-NkMenuPopup::NkMenuPopup() : Container(kRules) {
+NkMenuPopup::NkMenuPopup() : AuditedContainer(kRules) {
   NK_KIT_CONSTRUCTOR(NkMenuPopup);
   NK_KIT_ADD_CATALOG_ENTRY(frameSep, NkSeparator, true, "geomSwitch", "", false);
   NK_KIT_ADD_CATALOG_ENTRY(frameSwitch, NkSwitch, true, "frameSep", "", false);
@@ -27,10 +26,6 @@ NkMenuPopup::NkMenuPopup() : Container(kRules) {
 NkMenuPopup::~NkMenuPopup() = default;
 
 // Auditors
-
-void NkMenuPopup::addAuditor(NkDialogAuditor* auditor) { NkPanelix::addAuditor(auditor); }
-
-void NkMenuPopup::removeAuditor(NkDialogAuditor* auditor) { NkPanelix::removeAuditor(auditor); }
 
 NkPanelix* NkMenuPopup::searchForAuditorId(NbString id) { return panelix::findAuditorId(*this, id); }
 

@@ -6,7 +6,7 @@ NK_KIT_SOURCE(NkMenuPushButtonLauncher, NkMenuPushButton, "MenuPushButtonLaunche
 
 namespace {
 
-constexpr panelix::ContainerRules kRules{"NkMenuPushButtonLauncher", panelix::kOutOfRangeBeCareful, false, false, true};
+constexpr panelix::ContainerRules kRules = panelix::launcherRules("NkMenuPushButtonLauncher");
 
 } // namespace
 

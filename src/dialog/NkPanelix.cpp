@@ -206,9 +206,6 @@ void NkPanelix::buildWidget(HWND parent, NbVec2i32&, NbVec2i32&, int is2D) {
 void NkPanelix::destroyWidget() { m_built2D = 0; }
 
 void NkPanelix::create3DPanelix() {
-  m_bboxAction = std::make_unique<NkGetBoundingBoxAction>();
-  m_matrixAction = std::make_unique<NkGetMatrixAction>();
-  m_searchAction = std::make_unique<NkSearchAction>();
   m_pickStyle = arbora::Ref<NkPickStyle>(new NkPickStyle);
   m_disableMaterial = arbora::Ref<NkMaterial>(new NkMaterial);
   m_labelCachedBBox = kNotMeasured;
@@ -358,10 +355,56 @@ bool NkPanelix::isPicked(const NkSFNode& part) const {
 
 int NkPanelix::isLabelCachedBBox() const { return m_labelCachedBBox != kNotMeasured; }
 
+namespace {
+
+/// An action for one measuring. It keeps its memory for the next one; a measuring inside a measuring gets its own.
+template <class Action>
+class Measuring {
+public:
+  Measuring() : m_action(std::move(spare())) {
+    if (!m_action) m_action = std::make_unique<Action>();
+  }
+  ~Measuring() { spare() = std::move(m_action); }
+  Measuring(const Measuring&) = delete;
+  Measuring& operator=(const Measuring&) = delete;
+  Action* operator->() const { return m_action.get(); }
+
+private:
+  static std::unique_ptr<Action>& spare() {
+    thread_local std::unique_ptr<Action> s_spare;
+    return s_spare;
+  }
+  std::unique_ptr<Action> m_action;
+};
+
+/// Where the end of a subgraph lies and how it is turned.
+struct End {
+  NbVec3f translation;
+  NbRotation rotation;
+};
+
+End endOf(NkNode* node) {
+  const Measuring<NkSearchAction> search;
+  search->setInterest(NkSearchAction::LAST);
+  search->setType(NkNode::getClassTypeId(), true);
+  search->apply(node);
+  const Measuring<NkGetMatrixAction> matrix;
+  matrix->apply(search->getPath());
+  // It holds on to no node.
+  search->reset();
+  End end;
+  NbVec3f scale;
+  NbRotation scaleOrientation;
+  matrix->getMatrix().getTransform(end.translation, end.rotation, scale, scaleOrientation);
+  return end;
+}
+
+} // namespace
+
 NbBox3f NkPanelix::measure3D(NkNode* node) {
-  if (!m_bboxAction) m_bboxAction = std::make_unique<NkGetBoundingBoxAction>();
-  m_bboxAction->apply(node);
-  return m_bboxAction->getBoundingBox();
+  const Measuring<NkGetBoundingBoxAction> action;
+  action->apply(node);
+  return action->getBoundingBox();
 }
 
 NbBox3f NkPanelix::measure3DText(NkNode* properties, NkText3* text) {
@@ -376,19 +419,9 @@ void NkPanelix::measure3DText(NbBox3f& box, NkNode* properties, NkText3* text) {
 }
 
 void NkPanelix::undoTransformMatrix(NkNode* node, NkTransform* result) {
-  if (!m_searchAction) m_searchAction = std::make_unique<NkSearchAction>();
-  if (!m_matrixAction) m_matrixAction = std::make_unique<NkGetMatrixAction>();
-  m_searchAction->setInterest(NkSearchAction::LAST);
-  m_searchAction->setType(NkNode::getClassTypeId(), true);
-  m_searchAction->apply(node);
-  m_matrixAction->apply(m_searchAction->getPath());
-  NbVec3f translation;
-  NbVec3f scale;
-  NbRotation rotation;
-  NbRotation scaleOrientation;
-  m_matrixAction->getMatrix().getTransform(translation, rotation, scale, scaleOrientation);
+  const End end = endOf(node);
   NbMatrix matrix;
-  matrix.setTransform(translation, rotation, NbVec3f(1, 1, 1));
+  matrix.setTransform(end.translation, end.rotation, NbVec3f(1, 1, 1));
   result->setMatrix(matrix);
 }
 
@@ -398,11 +431,7 @@ void NkPanelix::undoTransformMatrix(NkNode* node, NkTransform* result, std::uint
   measured = node->getNodeId();
 }
 
-float NkPanelix::compute3DDepth(NkNode* node) {
-  const arbora::Ref<NkTransform> end(new NkTransform);
-  undoTransformMatrix(node, end.get());
-  return end->translation.getValue()[2];
-}
+float NkPanelix::compute3DDepth(NkNode* node) { return endOf(node).translation[2]; }
 
 void NkPanelix::apply3DTranslation(NkNode* node, float& depth, NbVec3f& translation) {
   if (depth == kDepthNotMeasured) depth = compute3DDepth(node);

@@ -13,6 +13,7 @@
 #include "src/dialog/support/Auditing.h"
 #include "src/dialog/support/BevelledButton.h"
 #include "src/dialog/support/SensorPause.h"
+#include "src/dialog/support/SizeFields.h"
 #include "src/dialog/support/StackLayout.h"
 
 using panelix::SensorPause;
@@ -27,7 +28,7 @@ constexpr panelix::ContainerRules kRules{"NkTopLevelDialog", panelix::kOutOfRang
 } // namespace
 
 NkTopLevelDialog::NkTopLevelDialog()
-    : Container(kRules), m_frameWidth(GetSystemMetrics(SM_CXFRAME)), m_frameHeight(GetSystemMetrics(SM_CYFRAME)),
+    : AuditedContainer(kRules), m_frameWidth(GetSystemMetrics(SM_CXFRAME)), m_frameHeight(GetSystemMetrics(SM_CYFRAME)),
       m_menuBarHeight(GetSystemMetrics(SM_CYMENU)), m_scrollBarSize(GetSystemMetrics(SM_CXHSCROLL)),
       m_defaultAuditor(std::make_unique<NkTopLevelAuditor>()) {
   NK_KIT_CONSTRUCTOR(NkTopLevelDialog);
@@ -70,7 +71,8 @@ NkTopLevelDialog::NkTopLevelDialog()
 
 NkMenuBar* NkTopLevelDialog::widgetHasMenuBar() const {
   for (int i = 0; i < getNumChildren(); ++i) {
-    if (auto* bar = dynamic_cast<NkMenuBar*>(getChild(i))) return bar;
+    NkTopComponent* child = getChild(i);
+    if (child->isOfType(NkMenuBar::getClassTypeId())) return static_cast<NkMenuBar*>(child);
   }
   return nullptr;
 }
@@ -115,15 +117,10 @@ void NkTopLevelDialog::getDefaultSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32
 }
 
 void NkTopLevelDialog::getSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) {
-  SizeTriple triple = sizeFields();
-  panelix::fillAndClamp(triple, [this] {
-    SizeTriple standard;
-    getDefaultSize(standard.size, standard.min, standard.max);
-    fixSizeWithBorder(standard.size, 1);
-    fixSizeWithBorder(standard.min, 1);
-    fixSizeWithBorder(standard.max, 1);
-    return standard;
-  });
+  SizeTriple triple = panelix::sizeFieldsOf(*this);
+  panelix::fillAndClamp(
+      triple, [this](auto&... sizes) { getDefaultSize(sizes...); },
+      [this](NbVec2i32& value) { fixSizeWithBorder(value, 1); });
   if (!resizable.getValue() && width.getValue() != 0) triple.min[0] = triple.max[0] = triple.size[0];
   if (!resizable.getValue() && height.getValue() != 0) triple.min[1] = triple.max[1] = triple.size[1];
   size = triple.size;
@@ -145,36 +142,19 @@ void NkTopLevelDialog::setChildrenComponentSize() {
   panelix::alignComponents([this](auto&& use) { forEachComponent(use); });
 }
 
-SizeTriple NkTopLevelDialog::sizeFields() const {
-  return {NbVec2i32(width.getValue(), height.getValue()), NbVec2i32(minWidth.getValue(), minHeight.getValue()),
-          NbVec2i32(maxWidth.getValue(), maxHeight.getValue())};
-}
-
 void NkTopLevelDialog::setSize(int w, int h, int minW, int minH, int maxW, int maxH) {
-  const auto write = [](const std::unique_ptr<NkFieldSensor>& sensor, NkSFInt32& field, int value) {
+  SizeTriple triple{NbVec2i32(w, h), NbVec2i32(minW, minH), NbVec2i32(maxW, maxH)};
+  panelix::forEachSizeField(*this, [&](NkSFInt32& field, int index) {
     // A computed size that the window confirms still doesn't go into files.
-    if (field.getValue() == value) return;
-    const SensorPause quiet(sensor, field);
-    field = value;
-  };
-  write(m_widthSensor, width, w);
-  write(m_heightSensor, height, h);
-  write(m_minWidthSensor, minWidth, minW);
-  write(m_minHeightSensor, minHeight, minH);
-  write(m_maxWidthSensor, maxWidth, maxW);
-  write(m_maxHeightSensor, maxHeight, maxH);
+    if (field.getValue() == triple.at(index)) return;
+    const SensorPause quiet(m_sizeSensors[index], field);
+    field = triple.at(index);
+  });
 }
 
 void NkTopLevelDialog::setDefaultState() {
-  // Computed sizes don't go into files.
   const bool isFixed = !resizable.getValue();
-  const SizeTriple& given = m_defaultState;
-  if (given.size[0] == 0) width.setDefault(true);
-  if (given.size[1] == 0) height.setDefault(true);
-  if (given.min[0] == 0 || isFixed) minWidth.setDefault(true);
-  if (given.min[1] == 0 || isFixed) minHeight.setDefault(true);
-  if (given.max[0] == 0 || isFixed || maxWidth.getValue() == panelix::kUnbounded) maxWidth.setDefault(true);
-  if (given.max[1] == 0 || isFixed || maxHeight.getValue() == panelix::kUnbounded) maxHeight.setDefault(true);
+  panelix::hideNegotiatedSizes(*this, m_defaultState, isFixed, isFixed);
 }
 
 void NkTopLevelDialog::getDefaultState(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) const {
@@ -186,13 +166,7 @@ void NkTopLevelDialog::getDefaultState(NbVec2i32& size, NbVec2i32& min, NbVec2i3
 void NkTopLevelDialog::resetSize() {
   if (windowResizedByChildren.getValue()) {
     // The writes tell the state anew what it is.
-    const SizeTriple given = m_defaultState;
-    width = given.size[0];
-    height = given.size[1];
-    minWidth = given.min[0];
-    minHeight = given.min[1];
-    maxWidth = given.max[0];
-    maxHeight = given.max[1];
+    panelix::setSizeFields(*this, m_defaultState);
   }
   forEachChild([](NkTopComponent* child) { child->resetSize(); });
 }
@@ -202,7 +176,7 @@ void NkTopLevelDialog::changeWidth() { m_defaultState.size[0] = width.getValue()
 void NkTopLevelDialog::changeHeight() { m_defaultState.size[1] = height.getValue(); }
 
 void NkTopLevelDialog::changeMinMaxSize() {
-  const SizeTriple fields = sizeFields();
+  const SizeTriple fields = panelix::sizeFieldsOf(*this);
   m_defaultState.min = fields.min;
   m_defaultState.max = fields.max;
 }
@@ -236,7 +210,7 @@ void NkTopLevelDialog::buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& corn
     if (size[axis] != 0) triple.size[axis] = panelix::clampMinWins(size[axis], triple.min[axis], triple.max[axis]);
     if (!resizable.getValue()) triple.min[axis] = triple.max[axis] = triple.size[axis];
   }
-  if (m_firstBuild) m_defaultState = sizeFields();
+  if (m_firstBuild) m_defaultState = panelix::sizeFieldsOf(*this);
   setSize(triple.size[0], triple.size[1], triple.min[0], triple.min[1], triple.max[0], triple.max[1]);
   setDefaultState();
   if (is2D) {
@@ -268,12 +242,7 @@ void NkTopLevelDialog::buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& corn
   attachSensor(m_minimizedSensor, minimized);
   attachSensor(m_independentMinimizedPositionSensor, independentMinimizedPosition);
   attachSensor(m_minimized3DPositionSensor, minimized3DPosition);
-  attachSensor(m_minWidthSensor, minWidth);
-  attachSensor(m_minHeightSensor, minHeight);
-  attachSensor(m_maxWidthSensor, maxWidth);
-  attachSensor(m_maxHeightSensor, maxHeight);
-  attachSensor(m_widthSensor, width);
-  attachSensor(m_heightSensor, height);
+  panelix::forEachSizeField(*this, [this](NkSFInt32& field, int index) { attachSensor(m_sizeSensors[index], field); });
 }
 
 void NkTopLevelDialog::afterChange(Change, NkTopComponent*, int) {
@@ -304,11 +273,12 @@ void NkTopLevelDialog::updateDialogBuild(int is2D) {
 void NkTopLevelDialog::updateFromSensor(NkSensor* sensor) {
   const arbora::KeepAlive alive(this);
   const auto isOf = [sensor](const std::unique_ptr<NkFieldSensor>& own) { return sensor == own.get(); };
-  if (isOf(m_widthSensor)) {
+  const int sizeField = panelix::sizeFieldOf(m_sizeSensors, sensor);
+  if (sizeField == 0) {
     changeWidth();
-  } else if (isOf(m_heightSensor)) {
+  } else if (sizeField == 1) {
     changeHeight();
-  } else if (isOf(m_minWidthSensor) || isOf(m_minHeightSensor) || isOf(m_maxWidthSensor) || isOf(m_maxHeightSensor)) {
+  } else if (sizeField > 1) {
     changeMinMaxSize();
   } else if (isOf(m_resizableSensor)) {
     changeResizable();
@@ -330,10 +300,6 @@ void NkTopLevelDialog::updateFromSensor(NkSensor* sensor) {
 }
 
 // Auditors
-
-void NkTopLevelDialog::addAuditor(NkDialogAuditor* auditor) { NkPanelix::addAuditor(auditor); }
-
-void NkTopLevelDialog::removeAuditor(NkDialogAuditor* auditor) { NkPanelix::removeAuditor(auditor); }
 
 void NkTopLevelDialog::applyAuditors() { panelix::applyAuditorsBelow(*this); }
 

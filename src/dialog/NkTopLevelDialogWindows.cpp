@@ -308,13 +308,9 @@ void NkTopLevelDialog::setScrollProperties() {
   // A window too small to hold its bars shows none.
   if (windowSize[1] <= 2 * m_scrollBarSize) m_hScrollOn = FALSE;
   if (windowSize[0] <= 2 * m_scrollBarSize) m_vScrollOn = FALSE;
+  // A new range goes back to its start.
   const auto setRange = [this](int bar, int max, int page) {
-    SCROLLINFO info{};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_ALL | SIF_DISABLENOSCROLL;
-    info.nMax = max;
-    info.nPage = static_cast<UINT>(page);
-    SetScrollInfo(m_topLevelWidget, bar, &info, TRUE);
+    panelix::setScrollRange(m_topLevelWidget, bar, max, page, 0);
   };
   if (m_vScrollOn)
     setRange(SB_VERT, panelix::addSaturating(content.min[1], m_hScrollOn ? m_scrollBarSize : 0), windowSize[1]);

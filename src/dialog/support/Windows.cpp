@@ -63,12 +63,27 @@ void scroll(HWND window, int bar, WORD code) {
   if (way != 0) ScrollWindow(window, bar == SB_HORZ ? way : 0, bar == SB_VERT ? way : 0, nullptr, nullptr);
 }
 
-void scrollToPosition(HWND window, int bar) {
+int scrollPosition(HWND window, int bar) {
   SCROLLINFO info{};
   info.cbSize = sizeof info;
   info.fMask = SIF_POS;
   GetScrollInfo(window, bar, &info);
-  ScrollWindow(window, bar == SB_HORZ ? -info.nPos : 0, bar == SB_VERT ? -info.nPos : 0, nullptr, nullptr);
+  return info.nPos;
+}
+
+void scrollToPosition(HWND window, int bar) {
+  const int position = scrollPosition(window, bar);
+  ScrollWindow(window, bar == SB_HORZ ? -position : 0, bar == SB_VERT ? -position : 0, nullptr, nullptr);
+}
+
+void setScrollRange(HWND window, int bar, int max, int page, int position) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_ALL | SIF_DISABLENOSCROLL;
+  info.nMax = max;
+  info.nPage = static_cast<UINT>(page);
+  info.nPos = position;
+  SetScrollInfo(window, bar, &info, TRUE);
 }
 
 int wheelScrollLines() {

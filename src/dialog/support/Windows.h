@@ -22,6 +22,9 @@ NbString useWindowClass(const WindowClass& windowClass, const char* errorTitle, 
 /// Moves a scroll bar of a window, and with it the content, as a scroll message with that code asks. `bar` is SB_HORZ
 /// or SB_VERT.
 void scroll(HWND window, int bar, WORD code);
+int scrollPosition(HWND window, int bar);
+/// Gives a bar its range, from 0 to `max`, in which `page` pixels show.
+void setScrollRange(HWND window, int bar, int max, int page, int position);
 /// Moves the content to where the bar's position says, after it was placed anew.
 void scrollToPosition(HWND window, int bar);
 

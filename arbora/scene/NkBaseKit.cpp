@@ -6,6 +6,8 @@
 
 #include "arbora/base/NkDebugError.h"
 #include "arbora/scene/NkAction.h"
+#include "arbora/scene/NkGLRenderAction.h"
+#include "arbora/scene/NkGetBoundingBoxAction.h"
 #include "arbora/scene/NkNodeKitDetail.h"
 #include "arbora/scene/NkNodeKitListPart.h"
 #include "arbora/scene/NkPickedPoint.h"
@@ -494,6 +496,12 @@ void NkBaseKit::internalReplaceChild(NkNode* oldChild, NkNode* newChild) {
 bool NkBaseKit::affectsState() const { return m_children.affectsState(); }
 
 void NkBaseKit::doAction(NkAction* action) { m_children.traverse(action); }
+
+void NkBaseKit::GLRender(NkGLRenderAction* action) {
+  // A kit may make its content when it is measured.
+  NkGetBoundingBoxAction::measureWithin(*action, this);
+  doAction(action);
+}
 
 void NkBaseKit::rayPick(NkRayPickAction* action) {
   doAction(action);

@@ -43,6 +43,7 @@ public:
 
   void doAction(NkAction* action) override;
   /// Measures the kit first: a kit may put off making its content until somebody asks for its box.
+  void GLRender(NkGLRenderAction* action) override;
   void rayPick(NkRayPickAction* action) override;
   void search(NkSearchAction* action) override;
   void addWriteReference(NkOutput* out, bool fromField = false) override;

@@ -82,6 +82,7 @@ void NkHandleEventAction::applyTo(Target* target, NkNode* root) {
   if (NkNode* grabber = m_grabber) {
     const arbora::KeepAlive alive(grabber);
     invalidateState();
+    setTerminated(false);
     grabber->handleEvent(this);
   }
   if (!m_handled) NkAction::apply(target);

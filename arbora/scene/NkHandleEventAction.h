@@ -46,6 +46,7 @@ public:
   /// What an event has learnt of a subgraph, as it was then.
   struct Learnt {
     std::uint64_t nodeId = 0;
+    int switchChild = 0; // Decides for switches that inherit it.
     Interest interest = EVERYTHING;
   };
 
@@ -53,13 +54,20 @@ public:
   /// takes the event.
   template <class Visit>
   void visitContent(const NkNode* node, Learnt& learnt, Visit&& visit) {
+    // On a path not all of the content is visited.
+    if (getPathCode() == IN_PATH || getPathCode() == OFF_PATH) {
+      visit();
+      return;
+    }
     const std::uint64_t nodeId = node->getNodeId();
+    const int switchChild = getState()->switchChild;
     const Interest outer = m_interest;
-    if (learnt.nodeId != nodeId || isOfInterest(learnt.interest)) {
+    const bool isKnown = learnt.nodeId == nodeId && learnt.switchChild == switchChild;
+    if (!isKnown || isOfInterest(learnt.interest)) {
       m_interest = NOTHING;
       visit();
       // What was ended early was not seen whole.
-      learnt = hasTerminated() ? Learnt() : Learnt{nodeId, m_interest};
+      learnt = hasTerminated() ? Learnt() : Learnt{nodeId, switchChild, m_interest};
     } else {
       m_interest = learnt.interest;
     }

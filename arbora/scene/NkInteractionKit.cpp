@@ -40,8 +40,9 @@ bool NkInteractionKit::setPartAsDefault(const NbName& partName, const NbName& no
 // Traversal
 
 bool NkInteractionKit::keepsBox() const {
-  // The separator of a kit without further children keeps its box.
-  return getChildren()->getLength() > 1;
+  // The separator of a kit without further children keeps its box. What follows a kit may depend on a part that an
+  // application has put beside the separator.
+  return getChildren()->getLength() > 1 && !affectsState();
 }
 
 bool NkInteractionKit::dropCaches(NkNotification& notification) {
@@ -56,6 +57,8 @@ void NkInteractionKit::getBoundingBox(NkGetBoundingBoxAction* action) {
     return;
   }
   if (!m_box) m_box = std::make_unique<arbora::BoxCache>();
+  // The kit may just have been built, of which it has told nobody.
+  arm();
   m_box->extend(action, traverse);
 }
 
@@ -70,7 +73,11 @@ void NkInteractionKit::rayPick(NkRayPickAction* action) {
 }
 
 void NkInteractionKit::handleEvent(NkHandleEventAction* action) {
-  action->visitContent(this, m_learnt, [&] { NkBaseKit::handleEvent(action); });
+  const auto traverse = [&] { NkBaseKit::handleEvent(action); };
+  if (affectsState())
+    traverse();
+  else
+    action->visitContent(this, m_learnt, traverse);
 }
 
 // Surrogates

@@ -100,6 +100,8 @@ public:
   /// how escapes and line feeds count; it may be NULL.
   static NbVec2i32 getLabelPixelSize(NbString text, NkPanelix* node);
 
+  /// What stands in a component changes nothing for what follows it.
+  bool affectsState() const override { return false; }
   void GLRender(NkGLRenderAction* action) override;
 
   // Virtual operations

@@ -214,6 +214,7 @@ void NkDialogCheckBox::update3DCheckBox() {
 }
 
 void NkDialogCheckBox::change3DOnOffString() {
+  if (!m_onOffStringText3D.text) return;
   setStringToText3(m_onOffStringText3D.text.get(), convertToCString(caption(), this));
   m_onOffStringBBox = kNotMeasured;
 }
@@ -224,6 +225,7 @@ void NkDialogCheckBox::change3DState() {
 }
 
 void NkDialogCheckBox::change3DLabelVisibility() {
+  if (!m_onOffStringText3D.text) return;
   show3DLabel();
   update3DCheckBox();
 }

@@ -8,7 +8,7 @@ NK_KIT_SOURCE(NkDialogCheckBoxLauncher, NkDialogCheckBox, "DialogCheckBoxLaunche
 
 namespace {
 
-constexpr panelix::ContainerRules kRules{"NkDialogCheckBoxLauncher", panelix::kOutOfRangeBeCareful, false, false, true};
+constexpr panelix::ContainerRules kRules = panelix::launcherRules("NkDialogCheckBoxLauncher");
 
 } // namespace
 

@@ -71,7 +71,7 @@ void NkDialogPushButton::buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& po
 void NkDialogPushButton::updateFromSensor(NkSensor* sensor) {
   const arbora::KeepAlive alive(this);
   if (sensor == m_buttonLabelSensor.get() && m_built2D) changeButtonLabel();
-  // A button in a scene shows no other change until it is built anew.
+  // A button that stands in a scene shows no other change.
   if (isLive3D())
     change3DButtonLabel();
   else
@@ -191,11 +191,13 @@ void NkDialogPushButton::update3DButton() {
 }
 
 void NkDialogPushButton::change3DButtonLabel() {
+  if (!m_buttonText3D.text) return;
   setStringToText3(m_buttonText3D.text.get(), convertToCString(buttonLabel.getValue(), this));
   m_buttonTextBBox = kNotMeasured;
 }
 
 void NkDialogPushButton::change3DLabelVisibility() {
+  if (!m_buttonText3D.text) return;
   show3DLabel();
   update3DButton();
 }

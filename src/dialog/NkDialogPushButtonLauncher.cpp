@@ -7,8 +7,7 @@ NK_KIT_SOURCE(NkDialogPushButtonLauncher, NkDialogPushButton, "DialogPushButtonL
 
 namespace {
 
-constexpr panelix::ContainerRules kRules{"NkDialogPushButtonLauncher", panelix::kOutOfRangeBeCareful, false, false,
-                                         true};
+constexpr panelix::ContainerRules kRules = panelix::launcherRules("NkDialogPushButtonLauncher");
 
 } // namespace
 

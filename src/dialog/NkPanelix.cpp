@@ -290,9 +290,10 @@ bool NkPanelix::dropCaches(NkNotification& notification) {
 }
 
 void NkPanelix::GLRender(NkGLRenderAction* action) {
-  // The form comes into being when it is measured.
-  if (!isBuilt3D()) NkGetBoundingBoxAction::measureWithin(*action, this);
-  NkDragger::GLRender(action);
+  if (isBuilt3D())
+    doAction(action);
+  else
+    NkDragger::GLRender(action);
 }
 
 void NkPanelix::show3D(int on) {

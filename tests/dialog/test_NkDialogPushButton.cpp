@@ -358,6 +358,10 @@ TEST_F(PushButtonForm, WithoutAFormAChangeIsJustThat) {
 
 TEST_F(PushButtonInScene, GoesDownAndUpAgain) {
   button->addAuditor(&listener);
+  listener.react = [this] {
+    EXPECT_EQ(button->chosen("frameSwitch"), kReleased);
+    EXPECT_EQ(button->holderOf3D(), nullptr);
+  };
   build();
   EXPECT_EQ(button->captionDepth(), 2);
   const float front = worldBoxOf(button->caption()).getMax()[2];

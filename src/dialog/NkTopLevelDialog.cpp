@@ -15,6 +15,7 @@
 #include "src/dialog/support/SensorPause.h"
 #include "src/dialog/support/SizeFields.h"
 #include "src/dialog/support/StackLayout.h"
+#include "src/dialog/support/Windows.h"
 
 using panelix::SensorPause;
 using panelix::SizeTriple;
@@ -222,8 +223,8 @@ void NkTopLevelDialog::buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& corn
       createTopLevelWidget();
       changePosition();
       updateTopLevelWidget();
-      // The layout waits for the window's size message, which never comes where no window can be made.
-      if (!existWidget(m_topLevelWidget)) updateChildren();
+      // The layout waits for the window's size message.
+      if (!panelix::canMakeWindows()) updateChildren();
     }
   } else {
     if (!isBuilt3D()) {

@@ -6,6 +6,9 @@
 
 namespace panelix {
 
+/// Whether this is a system that has windows.
+bool canMakeWindows();
+
 /// A window class of the toolkit.
 struct WindowClass {
   const char* name;

@@ -1,0 +1,3 @@
+#include "src/dialog/support/Windows.h"
+
+bool panelix::canMakeWindows() { return false; }

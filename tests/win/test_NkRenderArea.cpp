@@ -316,8 +316,7 @@ TEST_F(NkRenderAreaTest, TwoAreasShowOneScene) {
 TEST_F(NkRenderAreaTest, SceneOutlivesTheAreaAndTheOtherWayRound) {
   open();
   area->setSceneGraph(nullptr);
-  desktop::serveAWhile();
-  EXPECT_EQ(desktop::pixelOf(*area, kWidth / 2, kHeight / 2), kBlue);
+  EXPECT_TRUE(desktop::serveUntil([&] { return desktop::pixelOf(*area, kWidth / 2, kHeight / 2) == kBlue; }));
   EXPECT_EQ(scene->getRefCount(), 1);
   area->setSceneGraph(scene.get());
   area.reset();

@@ -21,6 +21,7 @@
 #define HWND_NOTOPMOST (reinterpret_cast<HWND>(LONG_PTR{-2}))
 #define HWND_DESKTOP (static_cast<HWND>(nullptr))
 #define MAKEINTRESOURCEA(number) (reinterpret_cast<LPSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(number))))
+#define RGB(red, green, blue) (static_cast<COLORREF>(((red)&0xff) | (((green)&0xff) << 8) | (((blue)&0xff) << 16)))
 #define IDC_ARROW MAKEINTRESOURCEA(32512)
 #define IDC_IBEAM MAKEINTRESOURCEA(32513)
 #define IDC_WAIT MAKEINTRESOURCEA(32514)
@@ -60,9 +61,6 @@ constexpr int GET_X_LPARAM(LPARAM value) { return static_cast<SHORT>(LOWORD(stat
 constexpr int GET_Y_LPARAM(LPARAM value) { return static_cast<SHORT>(HIWORD(static_cast<DWORD_PTR>(value))); }
 constexpr SHORT GET_WHEEL_DELTA_WPARAM(WPARAM value) { return static_cast<SHORT>(HIWORD(value)); }
 constexpr WORD GET_KEYSTATE_WPARAM(WPARAM value) { return LOWORD(value); }
-constexpr COLORREF RGB(DWORD_PTR red, DWORD_PTR green, DWORD_PTR blue) {
-  return static_cast<COLORREF>((red & 0xff) | ((green & 0xff) << 8) | ((blue & 0xff) << 16));
-}
 constexpr BYTE GetRValue(COLORREF color) { return static_cast<BYTE>(color & 0xff); }
 constexpr BYTE GetGValue(COLORREF color) { return static_cast<BYTE>((color >> 8) & 0xff); }
 constexpr BYTE GetBValue(COLORREF color) { return static_cast<BYTE>((color >> 16) & 0xff); }

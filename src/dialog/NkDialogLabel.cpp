@@ -6,6 +6,7 @@
 #include "arbora/scene/NkText3.h"
 #include "arbora/scene/NkTranslation.h"
 #include "arbora/win/NkWin.h"
+#include "src/dialog/support/Controls.h"
 #include "src/dialog/support/SensorPause.h"
 
 NK_KIT_SOURCE(NkDialogLabel, NkDialogComponent, "DialogLabel");
@@ -62,17 +63,7 @@ void NkDialogLabel::buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& positio
 
 namespace {
 
-DWORD styleOf(int alignment) {
-  const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
-  switch (alignment) {
-    case NkPanelix::LEFT:
-      return style | SS_LEFT;
-    case NkPanelix::RIGHT:
-      return style | SS_RIGHT;
-    default:
-      return style | SS_CENTER;
-  }
-}
+DWORD styleOf(int alignment) { return WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | panelix::alignmentStyle(alignment); }
 
 } // namespace
 

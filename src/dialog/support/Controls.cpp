@@ -11,6 +11,17 @@ NkTopLevelDialog* dialogAbove(NkDialogComponent& component) {
 
 } // namespace
 
+DWORD alignmentStyle(int alignment) {
+  switch (alignment) {
+    case NkPanelix::LEFT:
+      return SS_LEFT;
+    case NkPanelix::RIGHT:
+      return SS_RIGHT;
+    default:
+      return SS_CENTER;
+  }
+}
+
 void subclassControl(HWND control, NkDialogComponent* component, WNDPROC procedure, WNDPROC& saved) {
   const LONG_PTR before = SetWindowLongPtrA(control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
   // A control that couldn't be made says nothing about the others.

@@ -4,6 +4,9 @@
 
 namespace panelix {
 
+/// The style of a text control for an alignment of `NkPanelix::LabelAlignment`.
+DWORD alignmentStyle(int alignment);
+
 /// Puts a procedure ahead of a control's own, which goes to `saved`, and the component into the control's user data.
 void subclassControl(HWND control, NkDialogComponent* component, WNDPROC procedure, WNDPROC& saved);
 

@@ -23,17 +23,7 @@ void LabelledComponent::getLabelledSize(NbVec2i32& size, NbVec2i32& min, NbVec2i
 
 namespace {
 
-DWORD labelStyle(int alignment) {
-  const DWORD style = WS_CHILD | WS_CLIPCHILDREN;
-  switch (alignment) {
-    case NkPanelix::LEFT:
-      return style | SS_LEFT;
-    case NkPanelix::RIGHT:
-      return style | SS_RIGHT;
-    default:
-      return style | SS_CENTER;
-  }
-}
+DWORD labelStyle(int alignment) { return WS_CHILD | WS_CLIPCHILDREN | alignmentStyle(alignment); }
 
 } // namespace
 

@@ -35,6 +35,7 @@
 #include "arbora/scene/NkMouseButtonEvent.h"
 #include "arbora/scene/NkOrthographicCamera.h"
 #include "arbora/scene/NkSeparator.h"
+#include "arbora/scene/NkSwitch.h"
 #include "arbora/win/NkWin.h"
 #include "tests/scene/Trees.h"
 
@@ -162,6 +163,32 @@ public:
   Run& operator=(const Run&) = delete;
 
   void step() {
+    act();
+    if (m_hasInterfered) return;
+    for (const Ref<NkPanelix>& node : m_nodes) checkSwitches(node.get());
+  }
+
+private:
+  /// Opens the parts of a kit.
+  struct Parts : NkBaseKit {
+    static NkNode* get(NkBaseKit* kit, const char* name) {
+      return (kit->*&Parts::getAnyPart)(name, false, false, false);
+    }
+  };
+
+  /// Where a check box stands in the scene, its marker shows its state, unless an auditor was at it.
+  static void checkSwitches(NkPanelix* node) {
+    auto* box = dynamic_cast<NkDialogCheckBox*>(node);
+    if (box && box->isBuilt3D()) {
+      const auto* choice = static_cast<NkSwitch*>(Parts::get(box, "stateSwitch"));
+      if (choice->whichChild.getValue() != (box->state.getValue() ? 1 : 0)) std::abort();
+    }
+    asContainer(node, [](auto& container) {
+      for (int i = 0; i < container.getNumChildren(); ++i) checkSwitches(container.getChild(i));
+    });
+  }
+
+  void act() {
     switch (m_bytes.below(16)) {
       case 0:
         changeTrees();
@@ -177,7 +204,7 @@ public:
         changeAuditors();
         break;
       case 5:
-        act();
+        useAuditors();
         break;
       case 6:
         if (NkPanelix* node = anyTree()) checkFiles(node);
@@ -197,7 +224,6 @@ public:
     }
   }
 
-private:
   /// Interferes with what it hears of.
   class Listener : public NkDialogAuditor {
   public:
@@ -228,8 +254,8 @@ private:
   /// Inside a call to an auditor.
   void interfere() {
     if (m_bytes.isEmpty() || m_isInterfering) return;
-    m_isInterfering = true;
-    step();
+    m_isInterfering = m_hasInterfered = true;
+    act();
     m_isInterfering = false;
   }
 
@@ -383,7 +409,7 @@ private:
   }
 
   /// As a user would, or an application.
-  void act() {
+  void useAuditors() {
     const Ref<NkPanelix> node(any());
     if (!node) return;
     const auto apply = [&](auto* component) {
@@ -502,6 +528,7 @@ private:
   Ref<NkSeparator> m_scene; ///< Holds some of the trees.
   std::vector<Ref<NkPanelix>> m_nodes;
   bool m_isInterfering = false;
+  bool m_hasInterfered = false;
   bool m_hasForms = false;
 };
 

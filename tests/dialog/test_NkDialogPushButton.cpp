@@ -469,6 +469,16 @@ TEST_F(PushButtonInScene, TellsItsAuditorsInOrderAndNobodyElse) {
   EXPECT_EQ(dialog.heard, std::vector<NkPanelix*>{button});
 }
 
+TEST_F(PushButtonInScene, APressThatNobodyListensToIsReported) {
+  NkPreferences::setString("DEBUG_PANELIX_AUDITORS", "1");
+  build();
+  expectMessage(
+      "NkDialogAuditor::dialogPushButton(): WARNING ! The DialogAuditor does not define the NkDialogPushButton "
+      "component :\n\t\t -> label \"Name\"\n\t\t -> buttonLabel \"Press\"");
+  click(button->part("frameSep"));
+  NkPreferences::removeValue("DEBUG_PANELIX_AUDITORS");
+}
+
 TEST_F(PushButtonInScene, WithNobodyToTellItIsJustPressed) {
   auto* lone = new Button;
   root->replaceChild(panel, lone);

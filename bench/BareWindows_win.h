@@ -2,10 +2,10 @@
 
 #include <cstdlib>
 
-#include "Panelix/NkPanelix.h"
+#include "Panelix/NkTopLevelDialog.h"
 #include "arbora/win/NkWin.h"
 
-/// Windows by bare calls, as a dialog of rows makes them.
+/// A dialog of many rows, and windows by bare calls as it makes them.
 
 inline constexpr int kRows = 1000;
 inline constexpr int kRowHeight = 25;
@@ -55,3 +55,13 @@ struct Frame {
   HWND base;
   HWND inside;
 };
+
+/// `makeRow` gives each component.
+template <class MakeRow>
+arbora::Ref<NkTopLevelDialog> openRows(MakeRow&& makeRow) {
+  arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  for (int i = 0; i < kRows; ++i) dialog->addChild(makeRow());
+  dialog->buildDialog(nullptr, 0);
+  if (!dialog->getWidget()) std::abort();
+  return dialog;
+}

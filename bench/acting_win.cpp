@@ -6,7 +6,6 @@
 #include "BareWindows_win.h"
 #include "Panelix/NkDialogCheckBox.h"
 #include "Panelix/NkDialogPushButton.h"
-#include "Panelix/NkTopLevelDialog.h"
 
 namespace {
 
@@ -31,15 +30,12 @@ BENCHMARK(bareRows);
 void dialogOfRows(benchmark::State& state) {
   NkPanelix::init();
   for (auto _ : state) {
-    const arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
-    for (int i = 0; i < kRows; ++i) {
+    openRows([] {
       auto* button = new NkDialogPushButton;
       button->label = "Panel";
       button->buttonLabel = "Panel";
-      dialog->addChild(button);
-    }
-    dialog->buildDialog(nullptr, 0);
-    if (!dialog->getWidget()) std::abort();
+      return button;
+    });
   }
   NkPanelix::finish();
 }

@@ -7,9 +7,14 @@
 
 #include "BareWindows_win.h"
 #include "Panelix/NkDialogLabel.h"
-#include "Panelix/NkTopLevelDialog.h"
 
 namespace {
+
+NkDialogLabel* makeLabel() {
+  auto* label = new NkDialogLabel;
+  label->label = "Panel";
+  return label;
+}
 
 void bareRows(benchmark::State& state) {
   NkPanelix::init();
@@ -29,14 +34,7 @@ BENCHMARK(bareRows);
 void dialogOfRows(benchmark::State& state) {
   NkPanelix::init();
   for (auto _ : state) {
-    const arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
-    for (int i = 0; i < kRows; ++i) {
-      auto* label = new NkDialogLabel;
-      label->label = "Panel";
-      dialog->addChild(label);
-    }
-    dialog->buildDialog(nullptr, 0);
-    if (!dialog->getWidget()) std::abort();
+    openRows(makeLabel);
   }
   NkPanelix::finish();
 }
@@ -71,13 +69,7 @@ BENCHMARK(bareResize);
 void dialogResize(benchmark::State& state) {
   NkPanelix::init();
   {
-    const arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
-    for (int i = 0; i < kRows; ++i) {
-      auto* label = new NkDialogLabel;
-      label->label = "Panel";
-      dialog->addChild(label);
-    }
-    dialog->buildDialog(nullptr, 0);
+    const arbora::Ref<NkTopLevelDialog> dialog = openRows(makeLabel);
     int width = kRowWidth;
     for (auto _ : state) {
       width = 3 * kRowWidth - width;

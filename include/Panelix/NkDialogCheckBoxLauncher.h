@@ -23,6 +23,7 @@ protected:
 
 private:
   void draggerFinishCallback3D() override;
+  /// The dialogs stand open, in each form that the launcher has, as long as it is checked.
   void showDialogs();
   void showWindow(NkTopLevelDialog& dialog) const;
 };

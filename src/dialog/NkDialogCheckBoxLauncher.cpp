@@ -27,7 +27,6 @@ void NkDialogCheckBoxLauncher::buildWidget(HWND parent, NbVec2i32& size, NbVec2i
   showDialogs();
 }
 
-/// The dialogs stand open, in each form that the launcher has, as long as it is checked.
 void NkDialogCheckBoxLauncher::showDialogs() {
   forEachChild([this](NkTopLevelDialog* dialog) {
     if (m_built2D) {

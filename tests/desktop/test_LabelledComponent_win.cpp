@@ -1,6 +1,7 @@
 #include "Panelix/NkDialogCheckBox.h"
 #include "Panelix/NkDialogPushButton.h"
 #include "tests/desktop/ActingTest_win.h"
+#include "tests/desktop/MessageLog_win.h"
 
 // What the components with a label and a control have in common as windows.
 
@@ -9,10 +10,12 @@ namespace {
 struct PushButtonCase {
   using Component = NkDialogPushButton;
   static constexpr const char* kKeyword = "DialogPushButton";
+  static NkSFString& captionOf(Component& button) { return button.buttonLabel; }
 };
 struct CheckBoxCase {
   using Component = NkDialogCheckBox;
   static constexpr const char* kKeyword = "DialogCheckBox";
+  static NkSFString& captionOf(Component& box) { return box.onString; }
 };
 
 template <class Case>
@@ -162,6 +165,40 @@ TYPED_TEST(LabelledWindow, ASecondBuildMovesItsWindows) {
   EXPECT_EQ(this->controlOf(component), control);
   EXPECT_EQ(this->childrenOf(component), "Button Static ");
   EXPECT_EQ(this->sizeOf(control), NbVec2i32(300 - 6 - this->textSize("name")[0] - 2, 34));
+}
+
+TYPED_TEST(LabelledWindow, ASecondBuildListensOnce) {
+  auto* component = this->make("label \"name\"");
+  this->buildAgain(component);
+  MessageLog log({{this->controlOf(component), "control"}}, {{WM_SETTEXT, "text"}});
+  TypeParam::captionOf(*component) = "new";
+  EXPECT_EQ(log.take(), "control text 'new'");
+}
+
+TYPED_TEST(LabelledWindow, ItsControlGoesAheadOfItsLabelAndItsFrameLast) {
+  const auto windowsOf = [this](NkDialogComponent* component) {
+    return std::map<HWND, std::string>{{component->getWidget(), "frame"},
+                                       {component->getLabelWidget(), "label"},
+                                       {this->controlOf(component), "control"}};
+  };
+  auto* component = this->make("label \"name\"");
+  {
+    MessageLog log(windowsOf(component), {{WM_DESTROY, "goes"}});
+    component->destroyWidget();
+    EXPECT_EQ(log.take(), "control goes, label goes, frame goes");
+  }
+  this->buildAgain(component);
+  MessageLog log(windowsOf(component), {{WM_DESTROY, "goes"}});
+  this->release();
+  EXPECT_EQ(log.take(), "control goes, label goes, frame goes");
+}
+
+TYPED_TEST(LabelledWindow, ANewAlignmentIsFollowedByEnablingAndShowing) {
+  auto* component = this->make("label \"name\" enable FALSE");
+  MessageLog log({{component->getLabelWidget(), "label"}},
+                 {{WM_STYLECHANGED, "style"}, {WM_ENABLE, "enable"}, {WM_SHOWWINDOW, "show"}});
+  component->labelAlignment = NkPanelix::LEFT;
+  EXPECT_EQ(log.take(), "label style, label enable, label show");
 }
 
 TYPED_TEST(LabelledWindow, ItsWindowsComeAndGoWithItsForm) {

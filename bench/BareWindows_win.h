@@ -1,5 +1,7 @@
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <cstdlib>
 
 #include "Panelix/NkTopLevelDialog.h"
@@ -58,10 +60,26 @@ struct Frame {
 
 /// `makeRow` gives each component.
 template <class MakeRow>
-arbora::Ref<NkTopLevelDialog> openRows(MakeRow&& makeRow) {
+arbora::Ref<NkTopLevelDialog> makeRows(MakeRow&& makeRow) {
   arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
   for (int i = 0; i < kRows; ++i) dialog->addChild(makeRow());
-  dialog->buildDialog(nullptr, 0);
-  if (!dialog->getWidget()) std::abort();
   return dialog;
+}
+
+/// How long the 2D form of such a dialog takes.
+template <class MakeRow>
+void buildRows(benchmark::State& state, MakeRow&& makeRow) {
+  NkPanelix::init();
+  for (auto _ : state) {
+    state.PauseTiming();
+    {
+      const arbora::Ref<NkTopLevelDialog> dialog = makeRows(makeRow);
+      state.ResumeTiming();
+      dialog->buildDialog(nullptr, 0);
+      state.PauseTiming(); // Its end isn't counted.
+      if (!dialog->getWidget()) std::abort();
+    }
+    state.ResumeTiming();
+  }
+  NkPanelix::finish();
 }

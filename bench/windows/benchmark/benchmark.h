@@ -1,10 +1,9 @@
 #pragma once
 
 // The part of the benchmark library that the programs use which run on Windows, too: the library isn't there for that
-// target. A program prints the median processor time of five runs of each benchmark.
+// target. Times are those of the clock, since much of a window call is the work of another process.
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <vector>
 
@@ -12,22 +11,45 @@
 
 namespace benchmark {
 
+inline double clockSeconds() {
+  LARGE_INTEGER now;
+  LARGE_INTEGER frequency;
+  QueryPerformanceCounter(&now);
+  QueryPerformanceFrequency(&frequency);
+  return static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
+}
+
+/// Runs the loop over it a number of times and holds how long that took, without what stands around the loop and
+/// without the pauses.
 class State {
 public:
   explicit State(long iterations) : m_iterations(iterations) {}
 
   struct [[maybe_unused]] Turn {};
   struct Iterator {
+    State& state;
     long left;
-    bool operator!=(const Iterator& end) const { return left != end.left; }
+    bool operator!=(const Iterator& end) const {
+      if (left == end.left) state.PauseTiming();
+      return left != end.left;
+    }
     void operator++() { --left; }
     Turn operator*() const { return {}; }
   };
-  Iterator begin() const { return {m_iterations}; }
-  Iterator end() const { return {0}; }
+  Iterator begin() {
+    ResumeTiming();
+    return {*this, m_iterations};
+  }
+  Iterator end() { return {*this, 0}; }
+
+  void PauseTiming() { m_seconds += clockSeconds() - m_start; }
+  void ResumeTiming() { m_start = clockSeconds(); }
+  double seconds() const { return m_seconds; }
 
 private:
   long m_iterations;
+  double m_start = 0;
+  double m_seconds = 0;
 };
 
 template <class T>
@@ -37,34 +59,16 @@ void DoNotOptimize(const T& value) {
 
 using Function = void (*)(State&);
 
-inline double processorSeconds() {
-  FILETIME created, exited, kernel, user;
-  GetProcessTimes(GetCurrentProcess(), &created, &exited, &kernel, &user);
-  const auto toSeconds = [](const FILETIME& time) {
-    return 429.4967296 * time.dwHighDateTime + 1e-7 * time.dwLowDateTime;
-  };
-  return toSeconds(kernel) + toSeconds(user);
-}
-
-inline double secondsOf(Function function, long iterations) {
-  State state(iterations);
-  const double start = processorSeconds();
-  function(state);
-  return processorSeconds() - start;
-}
-
 struct Benchmark {
   const char* name;
   Function function;
+  long iterations = 1;
+  std::vector<double> times{};
 
-  void run() const {
-    constexpr double kShortestRun = 0.4; // seconds
-    long iterations = 1;
-    while (secondsOf(function, iterations) < kShortestRun) iterations *= 2;
-    std::array<double, 5> times{};
-    for (double& time : times) time = secondsOf(function, iterations);
-    std::sort(times.begin(), times.end());
-    std::printf("%-48s %12.2f ns\n", name, 1e9 * times[2] / static_cast<double>(iterations));
+  double secondsOfRun() const {
+    State state(iterations);
+    function(state);
+    return state.seconds();
   }
 };
 
@@ -78,10 +82,25 @@ inline bool add(const char* name, Function function) {
   return true;
 }
 
+/// The benchmarks take turns, so that what slows the machine down for a while slows all of them.
+inline void runAll() {
+  constexpr double kShortestRun = 0.4; // seconds
+  constexpr std::size_t kRuns = 9;
+  for (Benchmark& benchmark : benchmarks())
+    while (benchmark.secondsOfRun() < kShortestRun) benchmark.iterations *= 2;
+  for (std::size_t run = 0; run < kRuns; ++run)
+    for (Benchmark& benchmark : benchmarks()) benchmark.times.push_back(benchmark.secondsOfRun());
+  std::printf("%-40s %15s %15s of %zu runs\n", "", "least", "median", kRuns);
+  for (Benchmark& benchmark : benchmarks()) {
+    std::sort(benchmark.times.begin(), benchmark.times.end());
+    const double scale = 1e6 / static_cast<double>(benchmark.iterations);
+    std::printf("%-40s %12.2f us %12.2f us\n", benchmark.name, benchmark.times.front() * scale,
+                benchmark.times[kRuns / 2] * scale);
+  }
+}
+
 } // namespace benchmark
 
 #define BENCHMARK(function) static const bool s_added_##function = benchmark::add(#function, function)
 
-int main() {
-  for (const benchmark::Benchmark& benchmark : benchmark::benchmarks()) benchmark.run();
-}
+int main() { benchmark::runAll(); }

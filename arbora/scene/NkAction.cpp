@@ -104,7 +104,7 @@ void NkAction::traverseRoot(NkNode* root) {
   m_terminated = false;
   m_depthReported = false;
   m_stateStack.clear();
-  m_placeStack.clear();
+  m_placeDepth = 0;
   beginTraversal();
   visit(root, -1);
   endTraversal();
@@ -152,14 +152,17 @@ void NkAction::visit(NkNode* node, int index) {
 }
 
 void NkAction::enterPlace(int index) {
-  m_placeStack.push_back({m_paths, m_nextIndices});
+  if (m_placeDepth == m_placeStack.size()) m_placeStack.emplace_back();
+  Place& above = m_placeStack[m_placeDepth++];
+  above.paths = m_paths;
+  above.nextIndices = m_nextIndices;
   enterPath(index);
 }
 
 void NkAction::leavePlace() {
-  m_paths.swap(m_placeStack.back().paths);
-  m_nextIndices.swap(m_placeStack.back().nextIndices);
-  m_placeStack.pop_back();
+  Place& above = m_placeStack[--m_placeDepth];
+  m_paths.swap(above.paths);
+  m_nextIndices.swap(above.nextIndices);
   m_pathCode = IN_PATH;
 }
 

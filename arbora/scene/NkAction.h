@@ -127,7 +127,8 @@ private:
     std::vector<const NkFullPath*> paths;
     std::vector<int> nextIndices;
   };
-  std::vector<Place> m_placeStack; // The same for the nodes above.
+  std::vector<Place> m_placeStack; // The same for the nodes above, which are the first of these; the rest is memory.
+  std::size_t m_placeDepth = 0;    // How many they are.
   PathCode m_pathCode = NO_PATH;
   std::vector<NkState> m_stateStack; // On the heap, so that a deep scene takes little of the call stack.
   std::vector<std::unique_ptr<NbViewVolume>> m_viewVolumes;

@@ -88,7 +88,22 @@ NbBox3f NkGetBoundingBoxAction::measureWithin(const NkAction& traversal, NkNode*
 
 NkGetMatrixAction::NkGetMatrixAction(const NbViewportRegion& viewport) : NkAction(viewport) {}
 
-void NkGetMatrixAction::dispatch(NkNode* node) { node->getMatrix(this); }
+void NkGetMatrixAction::applyToEnd(NkNode* root) {
+  if (isBusy()) return;
+  m_isGoingToEnd = true;
+  apply(root);
+  m_isGoingToEnd = false;
+}
+
+void NkGetMatrixAction::dispatch(NkNode* node) {
+  const unsigned visit = ++m_visits;
+  node->getMatrix(this);
+  if (visit == m_visits) m_end = m_state.model;
+}
+
+void NkGetMatrixAction::endTraversal() {
+  if (m_isGoingToEnd) m_state.model = m_end;
+}
 
 // Search
 

@@ -8,6 +8,7 @@
 #include "arbora/scene/NkAction.h"
 #include "arbora/scene/NkGLRenderAction.h"
 #include "arbora/scene/NkGetBoundingBoxAction.h"
+#include "arbora/scene/NkGetMatrixAction.h"
 #include "arbora/scene/NkNodeKitDetail.h"
 #include "arbora/scene/NkNodeKitListPart.h"
 #include "arbora/scene/NkPickedPoint.h"
@@ -496,6 +497,11 @@ void NkBaseKit::internalReplaceChild(NkNode* oldChild, NkNode* newChild) {
 bool NkBaseKit::affectsState() const { return m_children.affectsState(); }
 
 void NkBaseKit::doAction(NkAction* action) { m_children.traverse(action); }
+
+void NkBaseKit::getMatrix(NkGetMatrixAction* action) {
+  // What a search doesn't find is no end.
+  if (!action->isGoingToEnd() || isSearchingChildren()) doAction(action);
+}
 
 void NkBaseKit::GLRender(NkGLRenderAction* action) {
   // A kit may make its content when it is measured.

@@ -42,6 +42,7 @@ public:
   bool affectsState() const override;
 
   void doAction(NkAction* action) override;
+  void getMatrix(NkGetMatrixAction* action) override;
   /// Measures the kit first: a kit may put off making its content until somebody asks for its box.
   void GLRender(NkGLRenderAction* action) override;
   void rayPick(NkRayPickAction* action) override;

@@ -12,13 +12,21 @@ public:
   static void initClass();
   static void exitClass();
 
+  /// The same as a search for the last node of the subgraph and a traversal of the path to it, at once.
+  void applyToEnd(NkNode* root);
+  bool isGoingToEnd() const { return m_isGoingToEnd; }
+
   const NbMatrix& getMatrix() const { return m_state.model; }
   NbMatrix getInverse() const { return m_state.model.inverse(); }
 
 protected:
   void dispatch(NkNode* node) override;
-  bool visitsBelowPath() const override { return false; }
+  void endTraversal() override;
+  bool visitsBelowPath() const override { return m_isGoingToEnd; }
 
 private:
   static NkType s_classTypeId;
+  bool m_isGoingToEnd = false;
+  unsigned m_visits = 0;
+  NbMatrix m_end; // Behind the node that was visited last.
 };

@@ -38,7 +38,10 @@ void NkSeparator::doAction(NkAction* action) {
 
 void NkSeparator::getMatrix(NkGetMatrixAction* action) {
   // The way that a matrix is accumulated along goes on inside; nothing beside it reaches the outside.
-  if (action->getPathCode() == NkAction::IN_PATH) NkGroup::doAction(action);
+  if (action->isGoingToEnd())
+    doAction(action);
+  else if (action->getPathCode() == NkAction::IN_PATH)
+    NkGroup::doAction(action);
 }
 
 void NkSeparator::getBoundingBox(NkGetBoundingBoxAction* action) {

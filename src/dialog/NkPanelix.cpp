@@ -17,7 +17,6 @@
 #include "arbora/scene/NkOutput.h"
 #include "arbora/scene/NkPath.h"
 #include "arbora/scene/NkPickStyle.h"
-#include "arbora/scene/NkSearchAction.h"
 #include "arbora/scene/NkSeparator.h"
 #include "arbora/scene/NkSwitch.h"
 #include "arbora/scene/NkText3.h"
@@ -385,14 +384,8 @@ struct End {
 };
 
 End endOf(NkNode* node) {
-  const Measuring<NkSearchAction> search;
-  search->setInterest(NkSearchAction::LAST);
-  search->setType(NkNode::getClassTypeId(), true);
-  search->apply(node);
   const Measuring<NkGetMatrixAction> matrix;
-  matrix->apply(search->getPath());
-  // It holds on to no node.
-  search->reset();
+  matrix->applyToEnd(node);
   End end;
   NbVec3f scale;
   NbRotation scaleOrientation;

@@ -1,4 +1,5 @@
 #include "SceneTest.h"
+#include "arbora/scene/NkBaseKit.h"
 #include "arbora/scene/NkCallbackAction.h"
 #include "arbora/scene/NkCube.h"
 #include "arbora/scene/NkGetBoundingBoxAction.h"
@@ -144,12 +145,8 @@ TEST_F(Matrices, TheLastNodeOfASubgraphEndsWhereItIsMovedTo) {
   const auto root =
       read("Group { Scale { scaleFactor 200 20 1 } Switch { whichChild 1 Group { Translation { translation 0 0 9 } } "
            "Group { Translation { translation 0 0 0.5 } Cube { } Translation { translation 0 0 0.5 } } } }");
-  NkSearchAction search;
-  search.setInterest(NkSearchAction::LAST);
-  search.setType(NkNode::getClassTypeId(), true);
-  search.apply(root.get());
   NkGetMatrixAction action;
-  action.apply(search.getPath());
+  action.applyToEnd(root.get());
   NbVec3f translation;
   NbRotation rotation;
   NbVec3f scale;
@@ -157,6 +154,40 @@ TEST_F(Matrices, TheLastNodeOfASubgraphEndsWhereItIsMovedTo) {
   action.getMatrix().getTransform(translation, rotation, scale, scaleOrientation);
   EXPECT_EQ(translation, NbVec3f(0, 0, 1));
   EXPECT_TRUE(scale.equals(NbVec3f(200, 20, 1), 1e-3f));
+}
+
+TEST_F(Matrices, TheEndIsThatOfThePathToTheLastNodeOfASearch) {
+  for (const char* text : {
+           "Translation { translation 1 2 3 }",
+           "Group { Translation { translation 1 2 3 } Cube { } }",
+           "Separator { Translation { translation 1 0 0 } Separator { Scale { scaleFactor 2 3 4 } Translation { "
+           "translation 1 1 1 } Cube { } } }",
+           "Separator { Translation { translation 1 0 0 } Separator { Scale { scaleFactor 2 3 4 } } Cube { } }",
+           "Group { Translation { translation 1 0 0 } Group { } }",
+           "Group { Translation { translation 1 0 0 } Switch { whichChild -1 Translation { translation 1 0 0 } } }",
+           "Group { Switch { whichChild -3 Translation { translation 1 0 0 } Scale { scaleFactor 2 2 2 } } }",
+           "Group { InteractionKit { geomSeparator Separator { Translation { translation 0 7 0 } } } }",
+       }) {
+    SCOPED_TRACE(text);
+    const auto root = read(text);
+    ASSERT_TRUE(root);
+    for (const bool searchesKits : {true, false}) {
+      NkBaseKit::setSearchingChildren(searchesKits);
+      NkSearchAction search;
+      search.setInterest(NkSearchAction::LAST);
+      search.setType(NkNode::getClassTypeId(), true);
+      search.apply(root.get());
+      NkGetMatrixAction path;
+      path.apply(search.getPath());
+      NkGetMatrixAction end;
+      end.applyToEnd(root.get());
+      EXPECT_EQ(end.getMatrix(), path.getMatrix());
+      // The mode is over.
+      end.apply(search.getPath());
+      EXPECT_EQ(end.getMatrix(), path.getMatrix());
+    }
+    NkBaseKit::setSearchingChildren(true);
+  }
 }
 
 using Searches = SceneTest;

@@ -195,6 +195,10 @@ void NbMatrix::getTransform(NbVec3f& translation, NbRotation& rotation, NbVec3f&
     return;
   }
   translation.setValue(m_rows[3]);
+  if (isStretched()) {
+    scale.setValue(m_rows[0][0], m_rows[1][1], m_rows[2][2]);
+    return;
+  }
 
   Mat3d a{};
   for (std::size_t i = 0; i < 3; ++i) {
@@ -335,6 +339,15 @@ NbMatrix NbMatrix::transpose() const {
 
 bool NbMatrix::isAffine() const {
   return m_rows[0][3] == 0 && m_rows[1][3] == 0 && m_rows[2][3] == 0 && m_rows[3][3] == 1;
+}
+
+bool NbMatrix::isStretched() const {
+  for (int i = 0; i < 3; ++i) {
+    for (int j = 0; j < 3; ++j) {
+      if (i == j ? m_rows[i][j] <= 0 : m_rows[i][j] != 0) return false;
+    }
+  }
+  return true;
 }
 
 bool NbMatrix::isIdentity() const { return *this == NbMatrix(); }

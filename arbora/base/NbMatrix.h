@@ -77,5 +77,8 @@ public:
   bool equals(const NbMatrix& m, float tolerance) const;
 
 private:
+  /// Whether the upper left 3 by 3 only stretches, and mirrors nothing.
+  bool isStretched() const;
+
   float m_rows[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
 };

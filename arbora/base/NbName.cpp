@@ -2,6 +2,9 @@
 
 #include "arbora/base/NbThreadMutex.h"
 
+#include <array>
+#include <atomic>
+#include <cstdint>
 #include <unordered_set>
 
 namespace {
@@ -27,9 +30,19 @@ const std::string* intern(std::string_view text) {
   return &*entry;
 }
 
+/// Most names are literals, which come again and again from the same place: a look there first takes no lock.
+const std::string* internLiteral(const char* text) {
+  static std::array<std::atomic<const std::string*>, 512> s_recent{};
+  const auto place = reinterpret_cast<std::uintptr_t>(text);
+  std::atomic<const std::string*>& recent = s_recent[(place ^ (place >> 9)) % s_recent.size()];
+  const std::string* name = recent.load(std::memory_order_acquire);
+  if (!name || *name != text) recent.store(name = intern(text), std::memory_order_release);
+  return name;
+}
+
 } // namespace
 
-NbName::NbName(const char* text) : m_text(intern(text ? text : "")) {}
+NbName::NbName(const char* text) : m_text(text ? internLiteral(text) : nullptr) {}
 
 NbName::NbName(const NbString& text) : m_text(text.isUnicode() ? intern(text.toUtf8()) : intern(text.latin1View())) {}
 

@@ -61,10 +61,7 @@ bool NkMField::checkIndex(const char* operation, int index, std::size_t valueSiz
 namespace {
 
 // The node that a field belongs to, for being told of changes below the field's value.
-NkNode* containerNode(const NkField& field) {
-  NkFieldContainer* container = field.getContainer();
-  return container && container->isOfType(NkNode::getClassTypeId()) ? static_cast<NkNode*>(container) : nullptr;
-}
+NkNode* containerNode(const NkField& field) { return arbora::as<NkNode>(field.getContainer()); }
 
 } // namespace
 

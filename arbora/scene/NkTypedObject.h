@@ -23,3 +23,13 @@ protected:
 private:
   static NkType s_classTypeId;
 };
+
+namespace arbora {
+
+/// The object as what its type says that it is; NULL if it isn't of that class, or there is none.
+template <class Class, class Object>
+Class* as(Object* object) {
+  return object && object->isOfType(Class::getClassTypeId()) ? static_cast<Class*>(object) : nullptr;
+}
+
+} // namespace arbora

@@ -29,11 +29,6 @@ std::string withArticle(std::string_view noun) {
 
 std::string typeName(NkType type) { return type.getName().getString(); }
 
-NkFieldContainer* asContainer(NkBase* object) {
-  return object && object->isOfType(NkFieldContainer::getClassTypeId()) ? static_cast<NkFieldContainer*>(object)
-                                                                        : nullptr;
-}
-
 // Hands the object on without the reference; nobody needs to have one.
 NkBase* release(Ref<NkBase>& reference) {
   NkBase* object = reference.get();
@@ -103,7 +98,8 @@ bool ObjectReader::readAll(NkType expected, const std::function<void(NkBase*)>& 
 bool ObjectReader::finish() {
   for (const Connection& connection : m_connections) {
     const auto source = m_names.find(connection.sourceName);
-    const NkFieldContainer* container = source == m_names.end() ? nullptr : asContainer(source->second.object.get());
+    const NkFieldContainer* container =
+        source == m_names.end() ? nullptr : as<NkFieldContainer>(source->second.object.get());
     const std::string described = quoted(connection.sourceName);
     if (!container) {
       if (!m_skippedNodes) m_in.errorAt(connection.position, "nothing is named %s", described.c_str());
@@ -236,7 +232,7 @@ ObjectReader::Outcome ObjectReader::readUse(Ref<NkBase>& object, NkType expected
 }
 
 NkFieldContainer* ObjectReader::enclosing() const {
-  return m_open.empty() ? nullptr : asContainer(m_open.back().object);
+  return m_open.empty() ? nullptr : as<NkFieldContainer>(m_open.back().object);
 }
 
 // Text

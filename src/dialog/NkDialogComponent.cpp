@@ -343,7 +343,7 @@ void NkDialogComponent::create3DDialogComponent() {
 
 void NkDialogComponent::update3DDialogComponent() {
   NbVec3f offset(0, 0, 0);
-  auto* parent = dynamic_cast<NkDialogComponent*>(m_parent);
+  auto* parent = arbora::as<NkDialogComponent>(m_parent);
   if (parent && parent->canBeTraversed() && (parent->isStack() || parent->isOfType(NkTabDialog::getClassTypeId()))) {
     // From the parent's centre to its upper left corner.
     if (parent->m_translation3D) offset = parent->m_translation3D->translation.getValue();

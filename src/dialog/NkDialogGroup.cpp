@@ -96,9 +96,9 @@ void NkDialogGroup::updateAfterSceneGraphChange() {
   m_componentInitSize = NbVec2i32(-1, -1);
   m_labelInitSize = m_labelSize = m_componentSize = NbVec2i32(0, 0);
   if (!m_parent || !m_parent->canBeTraversed()) return;
-  if (auto* dialog = dynamic_cast<NkTopLevelDialog*>(m_parent))
+  if (auto* dialog = arbora::as<NkTopLevelDialog>(m_parent))
     dialog->updateAfterSceneGraphChange();
-  else if (auto* group = dynamic_cast<NkDialogGroup*>(m_parent))
+  else if (auto* group = arbora::as<NkDialogGroup>(m_parent))
     group->updateAfterSceneGraphChange();
 }
 

@@ -9,6 +9,7 @@
 #include "arbora/scene/NkGLRenderAction.h"
 #include "arbora/scene/NkGetBoundingBoxAction.h"
 #include "arbora/scene/NkGetMatrixAction.h"
+#include "arbora/scene/NkSeparator.h"
 #include "arbora/scene/NkInput.h"
 #include "arbora/scene/NkInteraction.h"
 #include "arbora/scene/NkMaterial.h"
@@ -17,7 +18,6 @@
 #include "arbora/scene/NkOutput.h"
 #include "arbora/scene/NkPath.h"
 #include "arbora/scene/NkPickStyle.h"
-#include "arbora/scene/NkSeparator.h"
 #include "arbora/scene/NkSwitch.h"
 #include "arbora/scene/NkText3.h"
 #include "arbora/scene/NkTransform.h"
@@ -402,7 +402,7 @@ NbBox3f NkPanelix::measure3D(NkNode* node) {
 }
 
 NbBox3f NkPanelix::measure3DText(NkNode* properties, NkText3* text) {
-  const arbora::Ref<NkSeparator> scratch(new NkSeparator);
+  const arbora::Ref<NkGroup> scratch(new NkGroup);
   if (properties) scratch->addChild(properties);
   scratch->addChild(text);
   return measure3D(scratch.get());

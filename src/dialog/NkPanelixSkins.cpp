@@ -47,10 +47,6 @@ void readUndisturbed(Read&& read) {
 
 NbString temporaryName(const NbString& partName) { return "_Rmx_Tmp_" + partName; }
 
-NkGroup* asGroup(NkNode* node) {
-  return node && node->isOfType(NkGroup::getClassTypeId()) ? static_cast<NkGroup*>(node) : nullptr;
-}
-
 /// Keeps the parts of a file for the life of the process: they may come to stand in any scene.
 void keep(NkGroup* root) {
   static auto* const s_roots = new std::vector<NkGroup*>;
@@ -187,17 +183,17 @@ void NkPanelix::loadFontProperties() { useSkin(s_skin); }
 void NkPanelix::free3DSkin(NbString partName) {
   const arbora::Ref<NkNode> part(NkNode::getByName(partName));
   if (!part) return;
-  NkGroup* group = asGroup(part.get());
+  NkGroup* group = arbora::as<NkGroup>(part.get());
   // What has no children can't be filled again: it stays as it is, and the new part takes its name.
   part->setName(group ? temporaryName(partName) : "");
   if (group) group->removeAllChildren();
 }
 
 void NkPanelix::load3DSkin(NbString partName) {
-  const arbora::Ref<NkGroup> oldPart(asGroup(NkNode::getByName(temporaryName(partName))));
+  const arbora::Ref<NkGroup> oldPart(arbora::as<NkGroup>(NkNode::getByName(temporaryName(partName))));
   const arbora::Ref<NkNode> newPart(NkNode::getByName(partName));
   if (!oldPart || !newPart) return;
-  if (const NkGroup* group = asGroup(newPart.get())) {
+  if (const NkGroup* group = arbora::as<NkGroup>(newPart.get())) {
     for (int i = 0; i < group->getNumChildren(); ++i) oldPart->addChild(group->getChild(i));
   } else {
     oldPart->addChild(newPart.get());

@@ -5,7 +5,7 @@
 
 #include "Panelix/NkDialogComboBox.h"
 #include "Panelix/NkDialogEditText.h"
-#include "arbora/scene/NkSeparator.h"
+#include "arbora/scene/NkGroup.h"
 #include "arbora/scene/NkText3.h"
 
 // Every text counts as bytes here, one for each character.
@@ -140,7 +140,7 @@ int NkPanelix::insertTextTo3DText(NbString text, NkText3* text3, int line, int c
 
 int NkPanelix::wrap3DTextLine(NkText3* text3, int line, float maxWidth, NkGroup* properties, NkPanelix* node) {
   if (line < 0 || line >= text3->string.getNum() || !(maxWidth > 0)) return line;
-  const arbora::Ref<NkSeparator> measured(new NkSeparator);
+  const arbora::Ref<NkGroup> measured(new NkGroup);
   const arbora::Ref<NkText3> scratch(new NkText3);
   if (properties) measured->addChild(properties);
   measured->addChild(scratch.get());

@@ -73,7 +73,7 @@ NkTopLevelDialog::NkTopLevelDialog()
 NkMenuBar* NkTopLevelDialog::widgetHasMenuBar() const {
   for (int i = 0; i < getNumChildren(); ++i) {
     NkTopComponent* child = getChild(i);
-    if (child->isOfType(NkMenuBar::getClassTypeId())) return static_cast<NkMenuBar*>(child);
+    if (auto* bar = arbora::as<NkMenuBar>(child)) return bar;
   }
   return nullptr;
 }
@@ -81,7 +81,7 @@ NkMenuBar* NkTopLevelDialog::widgetHasMenuBar() const {
 template <class Use>
 void NkTopLevelDialog::forEachComponent(Use&& use) {
   forEachChild([&](NkTopComponent* child) {
-    if (auto* component = dynamic_cast<NkDialogComponent*>(child)) use(*component);
+    if (auto* component = arbora::as<NkDialogComponent>(child)) use(*component);
   });
 }
 

@@ -23,6 +23,17 @@ TEST(NbName, EqualTextsAreOneObject) {
   EXPECT_EQ(sizeof(NbName), sizeof(void*));
 }
 
+TEST(NbName, ATextIsReadAnewAtEachPlace) {
+  char text[] = "frame";
+  const NbName before(text);
+  text[0] = 'F';
+  EXPECT_EQ(NbName(text), NbName(std::string("Frame")));
+  text[0] = '\0';
+  EXPECT_TRUE(!NbName(text));
+  text[0] = 'f';
+  EXPECT_EQ(NbName(text), before);
+}
+
 TEST(NbName, EmptyNamesAreEqual) {
   EXPECT_TRUE(!NbName());
   EXPECT_TRUE(!NbName(""));

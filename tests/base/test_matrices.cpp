@@ -170,6 +170,25 @@ TEST(NbMatrix, PlainTransformsComeBackAsTheyWere) {
   }
 }
 
+TEST(NbMatrix, WhatOnlyMovesAndStretchesComesBackToTheBit) {
+  Random random(5);
+  for (int i = 0; i < 100; ++i) {
+    const NbVec3f translation = random.vector(100);
+    const NbVec3f scale = random.scale();
+    NbMatrix matrix;
+    matrix.setTransform(translation, NbRotation(), scale);
+    NbVec3f t;
+    NbRotation r;
+    NbVec3f s;
+    NbRotation so;
+    matrix.getTransform(t, r, s, so);
+    EXPECT_EQ(t, translation);
+    EXPECT_EQ(r, NbRotation());
+    EXPECT_EQ(s, scale);
+    EXPECT_EQ(so, NbRotation());
+  }
+}
+
 TEST(NbMatrix, AnyAffineMatrixComposesAgain) {
   Random random(4);
   for (int i = 0; i < 500; ++i) {

@@ -20,14 +20,9 @@
 namespace panelix {
 namespace {
 
-template <class Class>
-Class* as(NkPanelix* node) {
-  return node && node->isOfType(Class::getClassTypeId()) ? static_cast<Class*>(node) : nullptr;
-}
-
 template <class Kind>
 bool tell(NkDialogAuditor* auditor, void (NkDialogAuditor::*operation)(Kind*), NkPanelix* source) {
-  Kind* component = as<Kind>(source);
+  Kind* component = arbora::as<Kind>(source);
   if (component) (auditor->*operation)(component);
   return component != nullptr;
 }
@@ -39,7 +34,7 @@ bool visitAs(NkPanelix& container, Visit&& visit) {
     if (typed) visit(*typed);
     return typed != nullptr;
   };
-  return (tryClass(as<Classes>(&container)) || ...);
+  return (tryClass(arbora::as<Classes>(&container)) || ...);
 }
 
 } // namespace

@@ -6,7 +6,7 @@ namespace panelix {
 namespace {
 
 NkTopLevelDialog* dialogAbove(NkDialogComponent& component) {
-  return dynamic_cast<NkTopLevelDialog*>(component.getFirstTopParent(1, 0));
+  return arbora::as<NkTopLevelDialog>(component.getFirstTopParent(1, 0));
 }
 
 } // namespace

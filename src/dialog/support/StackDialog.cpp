@@ -51,7 +51,7 @@ NbVec2i32 StackDialog::getComponentInitSize() {
   const int bothMargins = addSaturating(0, 2LL * margin.getValue());
   NbVec2i32 natural(bothMargins, bothMargins);
   forEachChild([&](NkDialogComponent* child) {
-    if (auto* separator = dynamic_cast<NkDialogSeparator*>(child)) separator->setOrientationHorz(m_along == 1);
+    if (auto* separator = arbora::as<NkDialogSeparator>(child)) separator->setOrientationHorz(m_along == 1);
     const NbVec2i32 size = child->getComponentInitSize();
     natural[across] = std::max(natural[across], size[across]);
     natural[m_along] = addSaturating(natural[m_along], size[m_along]);

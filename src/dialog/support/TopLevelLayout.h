@@ -19,7 +19,7 @@ void NkTopLevelDialog::placeChildren(Build&& build) {
     if (!isMenuBar && row < m_sizes.getCount()) size[1] = m_sizes[row].size[1];
     build(child, size, corner, isMenuBar);
     // A child that takes another size than it is offered moves those behind it.
-    if (auto* component = dynamic_cast<NkDialogComponent*>(child))
+    if (auto* component = arbora::as<NkDialogComponent>(child))
       corner[1] = panelix::addSaturating(corner[1],
                                          static_cast<long long>(component->height.getValue()) + rowSpacing.getValue());
   });

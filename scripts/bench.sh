@@ -1,10 +1,22 @@
 #!/usr/bin/env bash
 # bench.sh [FILTER]: builds and runs the benchmarks, or those whose name matches the regular expression, and prints one
 # table: the name, the median processor time of five runs, and their standard deviation as a part of it.
+# bench.sh --windows: the same for what measures native windows, under Wine: the least and the median time of nine runs
+# by the clock, and what the bare calls take beside it.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 scripts/setup.sh
+
+if [[ ${1:-} == --windows ]]; then
+  cmake --preset windows -DPANELIX_BUILD_BENCHMARKS=ON >/dev/null
+  build_preset windows --target bench_label bench_rows_win bench_acting_win
+  export PANELIX_SKINS_DIR=data/Panelix/skins
+  for program in label rows_win acting_win; do
+    scripts/wine-run.sh "build/windows/bin/bench_$program.exe"
+  done
+  exit
+fi
 build_preset linux
 
 shopt -s nullglob

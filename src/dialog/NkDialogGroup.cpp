@@ -120,12 +120,13 @@ void NkDialogGroup::destroyWidget() {
 }
 
 void NkDialogGroup::setScrollProperties() {
+  // Without a window there is nothing to scroll, and nothing that the content could be too large for.
+  const bool hasWindow = existWidget(m_widget);
+  SizeTriple content;
+  if (hasWindow) getDefaultSize(content.size, content.min, content.max);
   m_vScrollOn = vScrollVisibility.getValue() == ALWAYS;
   m_hScrollOn = hScrollVisibility.getValue() == ALWAYS;
-  // Without a window there is nothing to scroll, and nothing that the content could be too large for.
-  if (!existWidget(m_widget)) return;
-  SizeTriple content;
-  getDefaultSize(content.size, content.min, content.max);
+  if (!hasWindow) return;
   const NbVec2i32 windowSize = panelix::outerSize(m_widget);
   fixSizeWithBorder(content.min, 1);
   if (vScrollVisibility.getValue() == AUTO && content.min[1] > windowSize[1]) m_vScrollOn = TRUE;

@@ -213,6 +213,8 @@ protected:
   bool isLive3D() const { return isBuilt3D() && canBeTraversed(); }
   /// Gives the 3D input to a component, which the previous holder is told; NULL takes it away.
   static void set3DCurrentActive(NkPanelix* component);
+  /// The part of that name, a group. It is made if need be: a skin may lack all that stands in it.
+  NkGroup* groupPart(const NbName& name);
   /// The box of a subgraph, and that of a text under its properties.
   NbBox3f measure3D(NkNode* node);
   NbBox3f measure3DText(NkNode* properties, NkText3* text);

@@ -4,7 +4,7 @@
 #include "arbora/base/NbBox3f.h"
 #include "arbora/scene/NkRefCounter.h"
 
-class NkNode;
+class NkGroup;
 class NkText3;
 class NkTranslation;
 
@@ -15,7 +15,7 @@ struct PANELIX_API PlacedText {
   PlacedText();
   ~PlacedText();
   /// Makes both: the translation at the head of a group, the text, of which only the front shows, at its end.
-  void addTo(NkNode* group);
+  void addTo(NkGroup* group);
 
   arbora::Ref<NkTranslation> translation;
   arbora::Ref<NkText3> text;

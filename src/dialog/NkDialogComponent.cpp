@@ -321,8 +321,8 @@ void NkDialogComponent::create3DDialogComponent() {
   setPartAsDefault("edgeStyleShadowIn", "DialogComponentEdgeStyleShadowIn", true);
   setPartAsDefault("edgeStyleShadowOut", "DialogComponentEdgeStyleShadowOut", true);
   m_scale3D = arbora::Ref<NkScale>(new NkScale);
-  static_cast<NkGroup*>(getAnyPart("mainCptSeparator", true))->insertChild(m_scale3D.get(), 0);
-  auto* geometry = static_cast<NkGroup*>(getAnyPart("geomSwitch", true));
+  groupPart("mainCptSeparator")->insertChild(m_scale3D.get(), 0);
+  auto* geometry = groupPart("geomSwitch");
   m_translation3D = arbora::Ref<NkTranslation>(new NkTranslation);
   geometry->insertChild(m_translation3D.get(), 0);
   geometry->insertChild(m_pickStyle.get(), 0);

@@ -123,7 +123,7 @@ void NkDialogLabel::changeEdgeStyle() {
 void NkDialogLabel::create3DDialogLabel() {
   loadFontProperties();
   setPartAsDefault("labelProp", "DialogTextProperties", true);
-  auto* separator = static_cast<NkGroup*>(getAnyPart("labelSep", true));
+  auto* separator = groupPart("labelSep");
   m_textTranslation = arbora::Ref<NkTranslation>(new NkTranslation);
   separator->insertChild(m_textTranslation.get(), 0);
   m_text3D = arbora::Ref<NkText3>(new NkText3);

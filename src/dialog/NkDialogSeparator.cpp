@@ -83,7 +83,7 @@ void NkDialogSeparator::create3DSeparator() {
   setPartAsDefault("vFrame", "DialogSeparatorVertical", true);
   setPartAsDefault("hFrame", "DialogSeparatorHorizontal", true);
   m_separatorScale = arbora::Ref<NkScale>(new NkScale);
-  static_cast<NkGroup*>(getAnyPart("frameSep", true))->insertChild(m_separatorScale.get(), 0);
+  groupPart("frameSep")->insertChild(m_separatorScale.get(), 0);
   showOrientation();
 }
 

@@ -306,9 +306,11 @@ void NkPanelix::set3DParentTranslation(NbVec3f& translation) {
     m_parentTranslationNode->translation = translation;
 }
 
+NkGroup* NkPanelix::groupPart(const NbName& name) { return static_cast<NkGroup*>(getAnyPart(name, true)); }
+
 void NkPanelix::apply3DParentTranslation() {
   m_parentTranslationNode = arbora::Ref<NkTranslation>(new NkTranslation);
-  static_cast<NkGroup*>(getAnyPart("geomSeparator", true))->insertChild(m_parentTranslationNode.get(), 0);
+  groupPart("geomSeparator")->insertChild(m_parentTranslationNode.get(), 0);
   m_parentTranslationNode->translation = m_parentTranslation;
 }
 

@@ -24,7 +24,7 @@ void NkTopComponent::updateFromSensor(NkSensor* sensor) { NkPanelix::updateFromS
 
 void NkTopComponent::addTranslation(NkTranslation* translation) {
   const arbora::KeepAlive alive(translation);
-  auto* geometry = static_cast<NkGroup*>(getAnyPart("geomSwitch", true));
+  auto* geometry = groupPart("geomSwitch");
   NkNode* first = geometry->getNumChildren() > 0 ? geometry->getChild(0) : nullptr;
   if (first && first->isOfType(NkTranslation::getClassTypeId()) && first->getName() == "parentPositionTranslation")
     static_cast<NkTranslation*>(first)->translation = translation->translation.getValue();

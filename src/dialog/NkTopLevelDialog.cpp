@@ -293,7 +293,7 @@ void NkTopLevelDialog::updateFromSensor(NkSensor* sensor) {
   } else if (isOf(m_minimizedSensor)) {
     if (isBuilt3D()) updateMinimizedState();
   } else if (isOf(m_independentMinimizedPositionSensor)) {
-    if (isBuilt3D()) changeIndependentMinimizedPosition();
+    changeIndependentMinimizedPosition();
   } else if (!isOf(m_marginSensor) && !isOf(m_rowSpacingSensor)) {
     // The margin and the spacing wait for the next layout.
     NkPanelix::updateFromSensor(sensor);

@@ -44,28 +44,29 @@ void NkTopLevelDialog::create3DTopLevelDialog() {
   setPartAsDefault("labelProp", "DialogTextProperties", true);
   setPartAsDefault("minReleased", "TopLevelDialogMinReleased", true);
   setPartAsDefault("minPressed", "TopLevelDialogMinPressed", true);
-  const auto groupOf = [](const NkSFNode& part) { return static_cast<NkGroup*>(part.getValue()); };
-  NkGroup* geometry = groupOf(geomSwitch);
+  NkGroup* geometry = groupPart("geomSwitch");
 
   m_frameScale = arbora::Ref<NkScale>(new NkScale);
-  groupOf(frameSep)->insertChild(m_frameScale.get(), 0);
+  groupPart("frameSep")->insertChild(m_frameScale.get(), 0);
   m_panelTranslation = arbora::Ref<NkTranslation>(new NkTranslation);
   geometry->insertChild(m_panelTranslation.get(), 0);
+  NkGroup* title = groupPart("labelSep");
   m_undoTransform = arbora::Ref<NkTransform>(new NkTransform);
-  geometry->insertChild(m_undoTransform.get(), geometry->findChild(labelSep.getValue()));
+  geometry->insertChild(m_undoTransform.get(), geometry->findChild(title));
 
   m_labelTranslation = arbora::Ref<NkTranslation>(new NkTranslation);
-  groupOf(labelSep)->insertChild(m_labelTranslation.get(), 0);
+  title->insertChild(m_labelTranslation.get(), 0);
   m_labelText = arbora::Ref<NkText3>(new NkText3);
   m_labelText->parts = NkText3::FRONT;
-  groupOf(labelSep)->addChild(m_labelText.get());
+  title->addChild(m_labelText.get());
   change3DLabel();
 
+  NkGroup* button = groupPart("minSep");
   auto* buttonScale = new NkScale;
   buttonScale->scaleFactor = NbVec3f(kButtonSize, kButtonSize, 1);
-  groupOf(minSep)->insertChild(buttonScale, 0);
+  button->insertChild(buttonScale, 0);
   m_minTranslation = arbora::Ref<NkTranslation>(new NkTranslation);
-  groupOf(minSep)->insertChild(m_minTranslation.get(), 0);
+  button->insertChild(m_minTranslation.get(), 0);
   setSwitchValue(minSwtch.getValue(), kReleased);
 
   addStartCallback(startCB3D);

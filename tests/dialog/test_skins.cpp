@@ -13,10 +13,12 @@
 #include <gtest/gtest.h>
 
 #include "Panelix/NkDialogCheckBox.h"
+#include "Panelix/NkDialogCheckBoxLauncher.h"
 #include "Panelix/NkDialogComboBox.h"
 #include "Panelix/NkDialogEditText.h"
 #include "Panelix/NkDialogLabel.h"
 #include "Panelix/NkDialogPushButton.h"
+#include "Panelix/NkDialogPushButtonLauncher.h"
 #include "Panelix/NkDialogRadioButtons.h"
 #include "Panelix/NkDialogSeparator.h"
 #include "Panelix/NkDialogSlider.h"
@@ -482,6 +484,29 @@ SKIN_TEST(ThePanelOfAProgramWithoutASkinIsBuiltIn) {
   const Panel second;
   EXPECT_EQ(second.looks(), looks);
   EXPECT_EQ(takeMessages(), Messages());
+}
+
+SKIN_TEST(AFormWhoseSkinHasNoPartsShowsNothingThere) {
+  copyDefaultSkin("empty");
+  for (const SkinnedClass& skinned : skinnedClasses())
+    writeFile("empty/" + std::string(skinned.fileName), "#Arbora V2.1 ascii\n");
+  writeFile("empty/TextProperties.arb", "#Arbora V2.1 ascii\n");
+  NkPanelix::setSkin("empty");
+  const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  for (const char* name : {"NkDialogComponent", "NkDialogLabel", "NkDialogSeparator", "NkDialogPushButton",
+                           "NkDialogCheckBox", "NkDialogPushButtonLauncher", "NkDialogCheckBoxLauncher"})
+    dialog->addChild(static_cast<NkDialogComponent*>(NkType::fromName(name).createInstance()));
+  NbVec2i32 none(0, 0);
+  dialog->buildWidget(nullptr, none, none, 0);
+  for (int i = 0; i < dialog->getNumChildren(); ++i) EXPECT_TRUE(dialog->getChild(i)->isBuilt3D());
+  const Ref<NkSeparator> scene(new NkSeparator);
+  scene->addChild(dialog.get());
+  EXPECT_EQ(Screen().colours(scene.get()).size(), 0U);
+  // The fields work as ever.
+  static_cast<NkDialogCheckBox*>(dialog->getChild(4))->state = true;
+  static_cast<NkDialogPushButton*>(dialog->getChild(3))->buttonLabel = "other";
+  dialog->minimized = true;
+  dialog->minimized = false;
 }
 
 // Exchange

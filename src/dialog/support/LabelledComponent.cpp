@@ -74,7 +74,7 @@ void LabelledComponent::changeLabelAlignment() {
 // 3D form
 
 void LabelledComponent::create3DLabel() {
-  m_label3D.addTo(labelSwitch.getValue());
+  m_label3D.addTo(groupPart("labelSwitch"));
   change3DLabel();
 }
 

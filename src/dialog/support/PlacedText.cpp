@@ -10,12 +10,12 @@ PlacedText::PlacedText() = default;
 
 PlacedText::~PlacedText() = default;
 
-void PlacedText::addTo(NkNode* group) {
+void PlacedText::addTo(NkGroup* group) {
   translation = arbora::Ref<NkTranslation>(new NkTranslation);
-  static_cast<NkGroup*>(group)->insertChild(translation.get(), 0);
+  group->insertChild(translation.get(), 0);
   text = arbora::Ref<NkText3>(new NkText3);
   text->parts = NkText3::FRONT;
-  static_cast<NkGroup*>(group)->addChild(text.get());
+  group->addChild(text.get());
 }
 
 } // namespace panelix

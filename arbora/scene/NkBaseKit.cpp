@@ -399,13 +399,18 @@ void NkBaseKit::copyContents(const NkNode* original) {
   m_children.truncate(0);
   m_placed.clear();
   for (int i = 0; i < children.getLength(); ++i) {
+    const int part = kit->partOfNode(children[i]);
+    if (part >= 0 && !kit->isCopied(*kit->holderAt(part))) continue;
     if (NkNode* child = copyOf(children[i])) m_children.append(child);
   }
-  // The holders have the copies of the parts already, which stand in the copied tree.
-  const int count = getNodekitCatalog()->getNumEntries();
-  for (int i = 0; i < count; ++i) {
-    if (nodeAt(i) && !kit->m_placed.empty())
-      placed(i) = Placed{arbora::Ref<NkNode>(nodeAt(i)), kit->m_placed[static_cast<std::size_t>(i)].origin};
+  // The holders have the copies of the parts already. They stand in the copied tree, or a part of their own kind is
+  // made for them to stand in.
+  const NkNodekitCatalog* catalog = getNodekitCatalog();
+  for (int i = 0; i < catalog->getNumEntries(); ++i) {
+    if (!nodeAt(i) || kit->m_placed.empty()) continue;
+    const int parent = catalog->getParentPartNumber(i);
+    if (parent >= 0 && !kit->isCopied(*kit->holderAt(parent))) placePart(i, nodeAt(i));
+    placed(i) = Placed{arbora::Ref<NkNode>(nodeAt(i)), kit->m_placed[static_cast<std::size_t>(i)].origin};
   }
 }
 
@@ -577,11 +582,17 @@ void NkBaseKit::setDefaultOnNonWritingFields() {
     NkSFNode* holder = holderAt(part);
     if (!holder->getValue()) continue;
     if (placed(part).origin == Placed::HANDED_OUT) holder->setDefault(isAsMade(holder->getValue()));
-    // A parent is written with its children. A part among them is then told by its name too, else a reader would take
-    // it for a node that just stands there.
-    const int parent = catalog->getParentPartNumber(part);
-    if (parent >= 0 && !holderAt(parent)->isDefault()) holder->setDefault(false);
+    if (isWritten(*holder)) holder->setDefault(false);
   }
+}
+
+bool NkBaseKit::isWritten(const NkField& field) const {
+  if (!field.isDefault()) return true;
+  // A parent is written with its children. A part among them is then told by its name too, else a reader would take it
+  // for a node that just stands there.
+  const int part = partOfHolder(&field);
+  const int parent = part < 0 ? -1 : getNodekitCatalog()->getParentPartNumber(part);
+  return parent >= 0 && isWritten(*holderAt(parent));
 }
 
 void NkBaseKit::addWriteReference(NkOutput* out, bool fromField) {

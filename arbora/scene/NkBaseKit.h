@@ -111,6 +111,8 @@ protected:
   virtual void internalReplaceChild(int index, NkNode* child);
   virtual void internalReplaceChild(NkNode* oldChild, NkNode* newChild);
 
+  /// Whether files hold a field.
+  bool isWritten(const NkField& field) const;
   /// Closes what `writeHeader` has opened: the last step of a class's own `write`.
   void endWrite(NkOutput* out) const;
   void copyContents(const NkNode* original) override;

@@ -275,9 +275,14 @@ void NkDragger::saveStartParameters() {}
 
 void NkDragger::applyTrackerMotion() {}
 
-// Writing
+// Writing and copying
 
 void NkDragger::setDefaultOnNonWritingFields() {
   isActive.setDefault(true);
   NkInteractionKit::setDefaultOnNonWritingFields();
+}
+
+bool NkDragger::isCopied(const NkField& field) const {
+  // Nobody drags the copy.
+  return &field != &isActive && NkInteractionKit::isCopied(field);
 }

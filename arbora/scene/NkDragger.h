@@ -77,6 +77,8 @@ protected:
   NkDragger();
   ~NkDragger() override;
 
+  bool isCopied(const NkField& field) const override;
+
   /// Called at each motion that a tracker makes, ahead of the motion callbacks. A class that moves otherwise for a
   /// tracker than for a mouse overrides it.
   virtual void applyTrackerMotion();

@@ -303,24 +303,33 @@ NkNode* NkNode::copyOf(const NkNode* original) {
   if (!copy) return nullptr;
   s_copies->nodes.emplace(original, copy);
   ++s_copies->depth;
-  copy->copyFieldValues(original);
-  const NkFieldData* data = copy->getFieldData();
-  for (int i = 0; data && i < data->getNumFields(); ++i) {
-    NkField* field = data->getField(copy, i);
-    const bool isDefault = field->isDefault();
-    if (field->getTypeId() == NkSFNode::getClassTypeId()) {
-      auto* node = static_cast<NkSFNode*>(field);
-      if (node->getValue()) node->setValue(copyOf(node->getValue()));
-    } else if (field->getTypeId() == NkMFNode::getClassTypeId()) {
-      auto* nodes = static_cast<NkMFNode*>(field);
-      for (int j = 0; j < nodes->getNum(); ++j) nodes->set1Value(j, copyOf((*nodes)[j]));
-    }
-    field->setDefault(isDefault);
-  }
+  copy->copyFields(original);
   copy->copyContents(original);
   --s_copies->depth;
   return copy;
 }
+
+void NkNode::copyFields(const NkNode* original) {
+  const NkFieldData* data = getFieldData();
+  for (int i = 0; data && i < data->getNumFields(); ++i) {
+    const NkField* from = data->getField(original, i);
+    NkField* field = data->getField(this, i);
+    if (!original->isCopied(*from) || (from->isDefault() && field->isSame(*from))) continue;
+    if (field->getTypeId() == NkSFNode::getClassTypeId()) {
+      static_cast<NkSFNode*>(field)->setValue(copyOf(static_cast<const NkSFNode*>(from)->getValue()));
+    } else if (field->getTypeId() == NkMFNode::getClassTypeId()) {
+      const auto& originals = static_cast<const NkMFNode&>(*from);
+      auto* nodes = static_cast<NkMFNode*>(field);
+      nodes->setNum(originals.getNum());
+      for (int j = 0; j < originals.getNum(); ++j) nodes->set1Value(j, copyOf(originals[j]));
+    } else {
+      field->copyFrom(*from);
+    }
+    field->setDefault(from->isDefault());
+  }
+}
+
+bool NkNode::isCopied(const NkField&) const { return true; }
 
 void NkNode::copyContents(const NkNode*) {}
 

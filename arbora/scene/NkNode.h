@@ -91,7 +91,8 @@ public:
   /// Notifies as a write of a field does.
   void touch();
 
-  /// A nameless copy with reference count 0. What is below is copied too, shared nodes once; connections aren't.
+  /// A nameless copy with reference count 0. What is below is copied too, shared nodes once; connections aren't. A kit
+  /// may leave out what it makes for itself.
   NkNode* copy() const;
 
   // For containers, sensors and traversals of this library.
@@ -118,6 +119,8 @@ protected:
   /// the next change too.
   virtual bool dropCaches(NkNotification& notification);
 
+  /// Whether a copy gets the value of a field; otherwise it has what its class gives it.
+  virtual bool isCopied(const NkField& field) const;
   /// Copies what the fields don't hold; called on the copy. `NkGroup` copies its children here.
   virtual void copyContents(const NkNode* original);
   /// Inside `copyContents`: the copy of another node of the copied scene, made once.
@@ -132,6 +135,7 @@ private:
   bool notifyAll(NkNotification& notification);
   /// The part of it that goes up on the call stack.
   bool notify(NkNotification& notification);
+  void copyFields(const NkNode* original);
   void addSensor(NkDataSensor* sensor);
   void removeSensor(NkDataSensor* sensor);
 

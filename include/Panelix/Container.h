@@ -189,7 +189,10 @@ protected:
 
   void copyContents(const NkNode* original) override {
     Base::copyContents(original);
-    m_childNodes.takeOver(static_cast<const Container*>(original)->m_childNodes.getNum());
+    // A child that can't be copied is missing.
+    int num = 0;
+    while (dynamic_cast<const Child*>(getChildren()->get(num))) ++num;
+    m_childNodes.takeOver(num);
   }
 
   // How the kit's own operations reach the children. A node of another type counts as NULL, or it is the kit's; then it

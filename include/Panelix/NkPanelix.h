@@ -144,6 +144,7 @@ protected:
   ~NkPanelix() override;
   void destroy() override;
   bool dropCaches(NkNotification& notification) override;
+  bool isCopied(const NkField& field) const override;
 
   /// Takes the file that holds the node out of the cache.
   static void destroyByRef(NkPanelix* node);

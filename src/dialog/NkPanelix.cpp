@@ -279,6 +279,13 @@ void NkPanelix::forEachAuditor(const std::function<void(NkAuditor*)>& call) {
   }
 }
 
+// Copies
+
+bool NkPanelix::isCopied(const NkField& field) const {
+  // What a build has made or found out, the copy's own build makes and finds out.
+  return NkDragger::isCopied(field) && isWritten(field);
+}
+
 // 3D form
 
 bool NkPanelix::dropCaches(NkNotification& notification) {

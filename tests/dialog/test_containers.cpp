@@ -521,6 +521,27 @@ TYPED_TEST(Containers, AreCopiedWithTheirChildren) {
   EXPECT_EQ(this->container->getNumChildren(), 2);
 }
 
+TYPED_TEST(Containers, AreCopiedWithoutTheChildrenThatStandTooDeep) {
+  this->add();
+  this->add();
+  Ref<NkNode> root(this->container.get());
+  for (int depth = 0; depth < NkAction::kMaxDepth; ++depth) {
+    auto* above = new NkGroup;
+    above->addChild(root.get());
+    root = Ref<NkNode>(above);
+  }
+  expectMessage("NkNode::copy");
+  const Ref<NkNode> copy(root->copy());
+  NkNode* node = copy.get();
+  while (node->isOfType(NkGroup::getClassTypeId())) node = (*node->getChildren())[0];
+  ASSERT_TRUE(node->isOfType(TypeParam::Container::getClassTypeId()));
+  auto* copied = static_cast<typename TypeParam::Container*>(node);
+  EXPECT_EQ(copied->getNumChildren(), 0);
+  auto* child = new typename TypeParam::Child;
+  copied->addChild(child);
+  EXPECT_EQ(copied->getChild(0), child);
+}
+
 // Reading
 
 TYPED_TEST(Containers, AreReadWithTheirChildren) {

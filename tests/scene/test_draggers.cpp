@@ -553,6 +553,16 @@ TEST_F(Draggers, ACallbackMayLetThePointerGo) {
   EXPECT_EQ(log, "sm");
 }
 
+TEST_F(Draggers, ACopyIsNotDragged) {
+  press();
+  const Ref<NkPlaneDragger> copy(static_cast<NkPlaneDragger*>(dragger->copy()));
+  EXPECT_FALSE(copy->isActive.getValue());
+  move(60, 50);
+  EXPECT_TRUE(dragger->isActive.getValue());
+  expectNear(dragger->translation.getValue(), NbVec3f(1, 0, 0));
+  expectNear(copy->translation.getValue(), NbVec3f(0, 0, 0));
+}
+
 TEST_F(Draggers, AnotherGrabberEndsTheDrag) {
   press();
   const Ref<NkGroup> other(new NkGroup);

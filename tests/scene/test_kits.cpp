@@ -18,6 +18,7 @@
 #include "arbora/scene/NkSwitch.h"
 #include "arbora/scene/NkTranslation.h"
 #include "arbora/scene/NkWriteAction.h"
+#include "tests/scene/Trees.h"
 
 using arbora::Ref;
 
@@ -59,6 +60,11 @@ protected:
   ~SampleKit() override = default;
 };
 NK_KIT_SOURCE(SampleKit, NkInteractionKit, "SampleKit");
+
+/// A kit whose copies are what a file would hold.
+struct WrittenKit : SampleKit {
+  bool isCopied(const NkField& field) const override { return isWritten(field); }
+};
 
 /// A kit with a part that is there from the start and a child that belongs to nobody's catalog.
 class ContainerKit : public NkBaseKit {
@@ -679,6 +685,40 @@ TEST_F(Kits, ACopyHasCopiesOfTheParts) {
   EXPECT_EQ(kit->geometry()->getNumChildren(), 3) << "the original is as it was";
   copy->setPart("shape", nullptr);
   EXPECT_NE(kit->shape.getValue(), nullptr);
+}
+
+TEST_F(Kits, ACopyOfWhatIsWrittenHasPlacesForTheParts) {
+  const Ref<SampleKit> kit(new WrittenKit);
+  auto* frame = new NkGroup;
+  frame->addChild(new NkCube);
+  kit->setPart("frame", frame);
+  kit->setPart("label", new NkGroup);
+  kit->geometry()->insertChild(new NkTranslation, 0);
+  const Ref<NkNode> made(kit->copy());
+  auto* copy = static_cast<SampleKit*>(made.get());
+  ASSERT_NE(copy->frame.getValue(), nullptr);
+  EXPECT_NE(copy->frame.getValue(), frame);
+  EXPECT_EQ(treeDifference(copy->frame.getValue(), frame), "");
+  // As in a kit that was told of the parts: each stands in its place, and nothing else does.
+  ASSERT_NE(copy->geometry(), nullptr);
+  ASSERT_EQ(copy->geometry()->getNumChildren(), 2);
+  EXPECT_EQ(copy->geometry()->getChild(0), copy->label.getValue());
+  EXPECT_EQ(copy->geometry()->getChild(1), copy->choice.getValue());
+  EXPECT_EQ((*copy->choice.getValue()->getChildren())[0], copy->frameGroup.getValue());
+  EXPECT_EQ((*copy->frameGroup.getValue()->getChildren())[0], copy->frame.getValue());
+  EXPECT_EQ(written(copy), written(kit.get()));
+}
+
+TEST_F(Kits, ACopyOfWhatIsWrittenHasTheWholeOfAPartThatIs) {
+  const Ref<SampleKit> kit(new WrittenKit);
+  kit->setPart("frameGroup", new NkGroup);
+  kit->getAnyPart("frame", true);
+  const Ref<NkNode> made(kit->copy());
+  auto* copy = static_cast<SampleKit*>(made.get());
+  auto* group = static_cast<NkGroup*>(copy->frameGroup.getValue());
+  ASSERT_NE(group, nullptr);
+  ASSERT_EQ(group->getNumChildren(), 1);
+  EXPECT_EQ(group->getChild(0), copy->frame.getValue());
 }
 
 TEST_F(Kits, ACopiedDraggerFollowsItsOwnTranslation) {

@@ -330,7 +330,7 @@ void NkDialogComponent::create3DDialogComponent() {
   // The children of a stack stand in the space of the stack itself.
   if (!isStack()) {
     m_transform3D = arbora::Ref<NkTransform>(new NkTransform);
-    geometry->addChild(m_transform3D.get());
+    geometry->insertChild(m_transform3D.get(), geometry->findChild(mainCptSeparator.getValue()) + 1);
   }
   setSwitchValue(edgeStyleSwitch.getValue(), edgeStyle.getValue());
   apply3DParentTranslation();

@@ -87,6 +87,18 @@ TEST_F(Forms3D, AStackHasNothingBehindItsFrame) {
   }
 }
 
+TEST_F(Forms3D, APartPutAheadOfTheBuildStandsWhereItsDefaultDoes) {
+  auto* usual = new Opened<NkDialogPushButton>;
+  auto* other = new Opened<NkDialogPushButton>;
+  panel->addChild(usual);
+  panel->addChild(other);
+  other->setPart("labelProp", new NkGroup);
+  build();
+  EXPECT_EQ(typesOf(other->group("geomSwitch")), typesOf(usual->group("geomSwitch")));
+  EXPECT_EQ(other->group("geomSwitch")->findChild(other->part("labelSep")),
+            usual->group("geomSwitch")->findChild(usual->part("labelSep")));
+}
+
 TEST_F(Forms3D, PartsAreMadeOnce) {
   build();
   const int children = child->group("geomSwitch")->getNumChildren();

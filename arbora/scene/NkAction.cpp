@@ -52,23 +52,12 @@ void NkAction::apply(NkPath* path) {
 void NkAction::apply(const NkPathList& paths) {
   if (isBusy()) return;
   // The paths from one head are walked together, so that what they share is visited once.
-  std::vector<arbora::Ref<NkPath>> waiting;
-  for (int i = 0; i < paths.getLength(); ++i) {
-    if (paths[i] && paths[i]->getHead()) waiting.emplace_back(paths[i]);
-  }
-  while (!waiting.empty()) {
-    NkNode* head = waiting.front()->getHead();
-    std::vector<arbora::Ref<NkPath>> together;
+  for (const NkPathList& together : paths.splitByHead()) {
     m_paths.clear();
-    for (const arbora::Ref<NkPath>& path : waiting) {
-      if (path->getHead() != head) continue;
-      together.push_back(path);
-      m_paths.push_back(path->full());
-    }
-    std::erase_if(waiting, [head](const arbora::Ref<NkPath>& path) { return path->getHead() == head; });
+    for (int i = 0; i < together.getLength(); ++i) m_paths.push_back(together[i]->full());
     m_pathCode = IN_PATH;
     enterPath(-1);
-    traverseRoot(head);
+    traverseRoot(together[0]->getHead());
   }
 }
 

@@ -1,5 +1,7 @@
 #include "arbora/scene/NkHandleEventAction.h"
 
+#include <algorithm>
+
 #include "arbora/scene/NkDragger.h"
 #include "arbora/scene/NkEvent.h"
 #include "arbora/scene/NkPath.h"
@@ -46,6 +48,7 @@ void NkHandleEventAction::setGrabber(NkNode* node) {
   const arbora::KeepAlive alive(previous);
   m_grabberWatch.detach();
   m_grabber = node;
+  m_grabberRoot = m_root;
   if (node) m_grabberWatch.attach(node);
   if (previous && previous->isOfType(NkDragger::getClassTypeId()))
     static_cast<NkDragger*>(previous)->grabEventsCleanup();
@@ -60,12 +63,9 @@ void NkHandleEventAction::grabberDies(void* data, NkSensor*) {
 
 // Applying
 
-// One event on its way.
+// The event on its way through one scene.
 struct NkHandleEventAction::Applying {
-  Applying(NkHandleEventAction* a, NkNode* root) : action(a), alive(root) {
-    action->m_root = root;
-    action->m_handled = false;
-  }
+  Applying(NkHandleEventAction* a, NkNode* root) : action(a), alive(root) { action->m_root = root; }
   ~Applying() {
     action->m_root = nullptr;
     action->m_pickNearest.reset();
@@ -75,16 +75,26 @@ struct NkHandleEventAction::Applying {
   arbora::KeepAlive alive;
 };
 
+bool NkHandleEventAction::begin() {
+  if (!m_event || m_root) return false;
+  m_handled = false;
+  return true;
+}
+
+void NkHandleEventAction::offerToGrabber() {
+  NkNode* const grabber = m_grabber;
+  if (!grabber) return;
+  const arbora::KeepAlive alive(grabber);
+  invalidateState();
+  setTerminated(false);
+  grabber->handleEvent(this);
+}
+
 template <class Target>
 void NkHandleEventAction::applyTo(Target* target, NkNode* root) {
-  if (!root || !m_event || m_root) return;
+  if (!root || !begin()) return;
   const Applying applying(this, root);
-  if (NkNode* grabber = m_grabber) {
-    const arbora::KeepAlive alive(grabber);
-    invalidateState();
-    setTerminated(false);
-    grabber->handleEvent(this);
-  }
+  offerToGrabber();
   if (!m_handled) NkAction::apply(target);
 }
 
@@ -93,6 +103,24 @@ void NkHandleEventAction::apply(NkNode* root) { applyTo(root, root); }
 void NkHandleEventAction::apply(NkPath* path) {
   const arbora::KeepAlive alive(path);
   applyTo(path, path ? path->getHead() : nullptr);
+}
+
+void NkHandleEventAction::apply(const NkPathList& paths) {
+  const std::vector<NkPathList> scenes = paths.splitByHead();
+  if (scenes.empty() || !begin()) return;
+  const auto headOf = [](const NkPathList& scene) { return scene[0]->getHead(); };
+  // What is dragged is dragged in its own scene.
+  const auto own = std::find_if(scenes.begin(), scenes.end(),
+                                [&](const NkPathList& scene) { return headOf(scene) == m_grabberRoot; });
+  {
+    const Applying applying(this, headOf(own == scenes.end() ? scenes.front() : *own));
+    offerToGrabber();
+  }
+  for (const NkPathList& scene : scenes) {
+    if (m_handled) return;
+    const Applying applying(this, headOf(scene));
+    NkAction::apply(scene);
+  }
 }
 
 void NkHandleEventAction::dispatch(NkNode* node) {

@@ -29,10 +29,11 @@ public:
   void setEvent(const NkEvent* event);
   const NkEvent* getEvent() const { return m_event; }
 
-  /// An event that comes while another one is on its way, from inside a callback, is dropped.
-  using NkAction::apply;
+  /// An event that comes while another one is on its way, from inside a callback, is dropped. Paths from several heads
+  /// are scenes that get the event in turn.
   void apply(NkNode* root) override;
   void apply(NkPath* path) override;
+  void apply(const NkPathList& paths) override;
 
   /// For nodes: the event is dealt with and goes no further.
   void setHandled();
@@ -98,6 +99,8 @@ protected:
 
 private:
   struct Applying;
+  bool begin();
+  void offerToGrabber();
   template <class Target>
   void applyTo(Target* target, NkNode* root);
   const NkRayPickAction* pick(bool all);
@@ -113,6 +116,7 @@ private:
   bool m_handled = false;
   Interest m_interest = NOTHING; // Of what has been visited so far.
   NkNode* m_grabber = nullptr;   // Not owned; watched, so that it is forgotten when it goes.
+  const NkNode* m_grabberRoot = nullptr; // Head of the scene in which it has grabbed; compared only.
   NkNodeSensor m_grabberWatch;
   float m_pickRadius = 0.0F;
   // What was picked for the present event.

@@ -128,3 +128,16 @@ NkPath* NkPathList::operator[](int index) const {
 void NkPathList::truncate(int length) {
   if (length < getLength()) m_paths.resize(static_cast<std::size_t>(std::max(length, 0)));
 }
+
+std::vector<NkPathList> NkPathList::splitByHead() const {
+  std::vector<NkPathList> lists;
+  for (const arbora::Ref<NkPath>& path : m_paths) {
+    NkNode* head = path ? path->getHead() : nullptr;
+    if (!head) continue;
+    auto list = std::find_if(lists.begin(), lists.end(),
+                             [head](const NkPathList& each) { return each[0]->getHead() == head; });
+    if (list == lists.end()) list = lists.emplace(lists.end());
+    list->append(path.get());
+  }
+  return lists;
+}

@@ -92,6 +92,8 @@ public:
   /// NULL outside the list.
   NkPath* operator[](int index) const;
   void truncate(int length);
+  /// The paths by their heads, in the order of the first of each; without those that have none.
+  std::vector<NkPathList> splitByHead() const;
 
 private:
   std::vector<arbora::Ref<NkPath>> m_paths;

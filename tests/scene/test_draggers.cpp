@@ -553,6 +553,32 @@ TEST_F(Draggers, ACallbackMayLetThePointerGo) {
   EXPECT_EQ(log, "sm");
 }
 
+TEST_F(Draggers, IsDraggedByEventsOnPaths) {
+  // Another scene stands ahead of its own.
+  const Ref<NkSeparator> other(new NkSeparator);
+  NkPathList paths;
+  paths.append(Ref<NkFullPath>(NkPath::create(other.get())).get());
+  paths.append(Ref<NkFullPath>(NkPath::create(root.get())).get());
+  const auto sendOnPaths = [&](NkEvent& event, int x) {
+    event.setPosition(NbVec2i32(x, 50));
+    action->setEvent(&event);
+    action->apply(paths);
+    action->setEvent(nullptr);
+  };
+  NkMouseButtonEvent button1;
+  button1.setButton(NkMouseButtonEvent::BUTTON1);
+  button1.setState(NkButtonEvent::DOWN);
+  sendOnPaths(button1, 50);
+  EXPECT_TRUE(dragger->isActive.getValue());
+  NkLocation2Event motion;
+  sendOnPaths(motion, 60);
+  expectNear(dragger->translation.getValue(), NbVec3f(1, 0, 0));
+  button1.setState(NkButtonEvent::UP);
+  sendOnPaths(button1, 60);
+  EXPECT_FALSE(dragger->isActive.getValue());
+  EXPECT_EQ(log, "smf");
+}
+
 TEST_F(Draggers, ACopyIsNotDragged) {
   press();
   const Ref<NkPlaneDragger> copy(static_cast<NkPlaneDragger*>(dragger->copy()));

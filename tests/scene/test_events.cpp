@@ -254,6 +254,60 @@ TEST_F(Events, TheGrabberGetsEventsFirstAndOnce) {
   EXPECT_EQ(action.getGrabber(), nullptr);
 }
 
+TEST_F(Events, PathsFromSeveralHeadsAreScenesInTurn) {
+  const Ref<NkSeparator> second(new NkSeparator);
+  addCallback(root.get(), [](void* data, NkEventCallback*) {
+    auto* test = static_cast<Events*>(data);
+    test->calls += 1;
+    EXPECT_EQ(test->action.getRoot(), test->root.get());
+  });
+  NkEventCallback* inSecond = addCallback(second.get(), [](void* data, NkEventCallback* callback) {
+    auto* test = static_cast<Events*>(data);
+    test->calls += 10;
+    EXPECT_NE(test->action.getRoot(), test->root.get());
+    EXPECT_NE(test->action.getRoot(), nullptr);
+    callback->grabEvents();
+  });
+  NkPathList paths;
+  const Ref<NkFullPath> toFirst(NkPath::create(root.get()));
+  const Ref<NkFullPath> toSecond(NkPath::create(second.get()));
+  const Ref<NkFullPath> empty(NkPath::create(nullptr));
+  toSecond->append(0);
+  for (NkPath* path : {toFirst.get(), empty.get(), toSecond.get(), toFirst.get()}) paths.append(path);
+  paths.append(nullptr);
+  const auto pressOnPaths = [&] {
+    const NkKeyboardEvent event = key(NkKeyboardEvent::A);
+    action.setEvent(&event);
+    action.apply(paths);
+    action.setEvent(nullptr);
+  };
+  pressOnPaths();
+  EXPECT_EQ(calls, 11);
+  EXPECT_EQ(action.getRoot(), nullptr);
+  // The grabber comes first, in its own scene.
+  ASSERT_EQ(action.getGrabber(), inSecond);
+  inSecond->addEventCallback(NkKeyboardEvent::getClassTypeId(), handle, this);
+  pressOnPaths();
+  EXPECT_EQ(calls, 11 + 10 + 1);
+  action.releaseGrabber();
+  addCallback(root.get(), handle);
+  pressOnPaths();
+  EXPECT_EQ(calls, 22 + 2) << "what is handled in one scene doesn't come to the next";
+  EXPECT_TRUE(action.isHandled());
+  // From inside a callback it is dropped, as any other.
+  root->removeAllChildren();
+  addCallback(root.get(), [](void* data, NkEventCallback*) {
+    auto* test = static_cast<Events*>(data);
+    if (++test->calls > 30) return;
+    NkPathList again;
+    again.append(Ref<NkFullPath>(NkPath::create(test->root.get())).get());
+    test->action.apply(again);
+  });
+  calls = 0;
+  press();
+  EXPECT_EQ(calls, 1);
+}
+
 TEST_F(Events, AGrabberThatGoesIsForgotten) {
   NkEventCallback* node = addCallback(root.get(), [](void*, NkEventCallback* callback) { callback->grabEvents(); });
   press();

@@ -114,8 +114,8 @@ private:
   const NkEvent* m_event = nullptr;
   NkNode* m_root = nullptr;
   bool m_handled = false;
-  Interest m_interest = NOTHING; // Of what has been visited so far.
-  NkNode* m_grabber = nullptr;   // Not owned; watched, so that it is forgotten when it goes.
+  Interest m_interest = NOTHING;         // Of what has been visited so far.
+  NkNode* m_grabber = nullptr;           // Not owned; watched, so that it is forgotten when it goes.
   const NkNode* m_grabberRoot = nullptr; // Head of the scene in which it has grabbed; compared only.
   NkNodeSensor m_grabberWatch;
   float m_pickRadius = 0.0F;

@@ -134,8 +134,8 @@ std::vector<NkPathList> NkPathList::splitByHead() const {
   for (const arbora::Ref<NkPath>& path : m_paths) {
     NkNode* head = path ? path->getHead() : nullptr;
     if (!head) continue;
-    auto list = std::find_if(lists.begin(), lists.end(),
-                             [head](const NkPathList& each) { return each[0]->getHead() == head; });
+    auto list =
+        std::find_if(lists.begin(), lists.end(), [head](const NkPathList& each) { return each[0]->getHead() == head; });
     if (list == lists.end()) list = lists.emplace(lists.end());
     list->append(path.get());
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "Panelix/NkPanelix.h"
 #include "arbora/base/NkDebugError.h"
@@ -46,6 +47,29 @@ public:
   /// The child list has become a copy of one with that many children.
   void takeOver(int num);
 
+  /// A walk through the children that stand there at its start. One that leaves meanwhile loses its turn, one that
+  /// comes meanwhile gets none.
+  class PANELIX_API Walk {
+  public:
+    explicit Walk(const Children& children);
+    ~Walk();
+    Walk(const Walk&) = delete;
+    Walk& operator=(const Walk&) = delete;
+    /// NULL behind the last child.
+    NkPanelix* next();
+
+  private:
+    friend class Children;
+    void come(int index);
+    void leave(int index);
+
+    const Children& m_children;
+    Walk* const m_outer; // Walks are nested as the calls are.
+    int m_next = 0;
+    int m_end;
+    std::vector<int> m_newcomers; // Their places ahead of the end.
+  };
+
   bool takesOtherNodes() const { return m_rules.takesOtherNodes; }
   /// In the writing stage, behind the fields.
   void writeChildren(NkWriteAction* action) const;
@@ -60,10 +84,13 @@ private:
   void postOutOfRange(const char* operation, const char* message, int index, int last) const;
   std::string locationOf(const char* operation) const;
   NkChildList& list() const { return *m_owner->getChildren(); }
+  void come(int index);
+  void leave(int index);
 
   NkPanelix* m_owner; ///< Holds this object.
   const ContainerRules& m_rules;
   int m_num = 0;
+  mutable Walk* m_walk = nullptr; ///< The innermost one.
 };
 
 /// Reads the children of a container, which are of the given type; `addChild` gets each.
@@ -164,11 +191,12 @@ protected:
     return panelix::readChildren<Child>(in, [this](Child* child) { addChild(child); });
   }
 
-  /// Calls `use` with each child, in order; they may change meanwhile.
+  /// Calls `use` with each child, in order. They may change meanwhile: what leaves isn't visited any more, what comes
+  /// isn't visited yet.
   template <class Use>
   void forEachChild(Use&& use) const {
-    for (int i = 0; i < m_childNodes.getNum(); ++i) {
-      auto* child = static_cast<Child*>((*getChildren())[i]);
+    Children::Walk walk(m_childNodes);
+    while (auto* child = static_cast<Child*>(walk.next())) {
       const arbora::KeepAlive alive(child);
       use(child);
     }

@@ -116,6 +116,11 @@ public:
   using Container::getAnyPart;
   using Container::readInstance;
 
+  template <class Use>
+  void walk(Use&& use) {
+    this->forEachChild(use);
+  }
+
   void addToKit(NkNode* node) { NkBaseKit::addChild(node); }
   void insertIntoKit(NkNode* node, int index) { NkBaseKit::insertChild(node, index); }
   NkNode* getOfKit(int index) { return NkBaseKit::getChild(index); }
@@ -499,6 +504,96 @@ TYPED_TEST(Containers, BearThatTheEndOfWindowsChangesTheChildren) {
     EXPECT_EQ(this->container->getNumChildren(), 0);
     EXPECT_EQ(other->getParent(), nullptr);
   }
+}
+
+// Walks
+
+TYPED_TEST(Containers, AreWalkedThroughWhileTheyChange) {
+  using Child = typename TypeParam::Child;
+  // Children are told by the letters of their labels; `act` is called at "c".
+  struct Row {
+    const char* what;
+    const char* visited;
+    std::function<void()> act;
+  };
+  auto& group = *this->container;
+  const auto insert = [&](int index) {
+    auto* child = new Child;
+    child->label = "x";
+    group.insertChild(child, index);
+  };
+  const Row rows[] = {
+      {"nothing changes", "abcdef", [] {}},
+      {"it goes", "abcdef", [&] { group.removeChild(2); }},
+      {"the next one goes", "abcef", [&] { group.removeChild(3); }},
+      {"the last one goes", "abcde", [&] { group.removeChild(5); }},
+      {"one that had its turn goes", "abcdef", [&] { group.removeChild(0); }},
+      {"all but the last go", "abcf",
+       [&] {
+         while (group.getNumChildren() > 1) group.removeChild(0);
+       }},
+      {"all go", "abc", [&] { group.removeAllChildren(); }},
+      {"others come in the place of all", "abc",
+       [&] {
+         group.removeAllChildren();
+         for (int i = 0; i < 8; ++i) insert(0);
+       }},
+      {"one comes first", "abcdef", [&] { insert(0); }},
+      {"one comes next", "abcdef", [&] { insert(3); }},
+      {"one comes later, and another ahead of it", "abcdef",
+       [&] {
+         insert(5);
+         insert(4);
+       }},
+      {"one comes last", "abcdef", [&] { insert(6); }},
+      {"two come and go with the next one", "abcef",
+       [&] {
+         insert(4);
+         insert(3);
+         for (int i = 0; i < 3; ++i) group.removeChild(3);
+         insert(3);
+       }},
+      {"it is replaced", "abcdef", [&] { group.replaceChild(2, new Child); }},
+      {"the next one is replaced", "abcef", [&] { group.replaceChild(3, new Child); }},
+      {"the last one is replaced", "abcde", [&] { group.replaceChild(5, new Child); }},
+      {"one that had its turn goes to the end", "abcdef",
+       [&] {
+         const Ref<Child> child(group.getChild(0));
+         group.removeChild(0);
+         group.addChild(child.get());
+       }},
+      {"another walk changes it", "abc", [&] { group.walk([&](Child* child) { group.removeChild(child); }); }},
+  };
+  for (const Row& row : rows) {
+    group.removeAllChildren();
+    for (const char* letter : {"a", "b", "c", "d", "e", "f"}) this->add()->label = letter;
+    std::string visited;
+    group.walk([&](Child* child) {
+      visited += child->label.getValue().toLatin1().c_str();
+      if (child->label.getValue() == "c") row.act();
+    });
+    EXPECT_EQ(visited, row.visited) << row.what;
+  }
+}
+
+TYPED_TEST(Containers, EndAWalkToWhichEachVisitAddsAChild) {
+  using Child = typename TypeParam::Child;
+  for (int i = 0; i < 3; ++i) this->add();
+  int visits = 0;
+  this->container->walk([&](Child* child) {
+    ++visits;
+    this->container->insertChild(new Child, this->container->findChild(child) + 1);
+    this->add();
+  });
+  EXPECT_EQ(visits, 3);
+  EXPECT_EQ(this->container->getNumChildren(), 9);
+}
+
+TYPED_TEST(Containers, LoseEachChildInAWalkThatRemovesIt) {
+  using Child = typename TypeParam::Child;
+  for (int i = 0; i < 5; ++i) this->add();
+  this->container->walk([&](Child* child) { this->container->removeChild(child); });
+  EXPECT_EQ(this->container->getNumChildren(), 0);
 }
 
 // Copies

@@ -54,7 +54,7 @@ int Children::find(const NkPanelix* child) const {
 bool Children::insert(NkPanelix* child, int index, const char* operation) {
   if (!checkChild(child, operation) || !checkIndex(index, m_num, operation)) return false;
   // The list comes last: what hears of it finds all in order.
-  ++m_num;
+  come(index);
   child->setParent(m_owner);
   list().insert(child, index);
   return true;
@@ -62,7 +62,7 @@ bool Children::insert(NkPanelix* child, int index, const char* operation) {
 
 bool Children::remove(int index) {
   if (!checkIndex(index, m_num - 1, "removeChild") || !endWindows(index)) return false;
-  --m_num;
+  leave(index);
   list().remove(index);
   return true;
 }
@@ -70,6 +70,8 @@ bool Children::remove(int index) {
 bool Children::replace(int index, NkPanelix* child) {
   if (!checkIndex(index, m_num - 1, "replaceChild") || !checkChild(child, "replaceChild") || !endWindows(index))
     return false;
+  leave(index);
+  come(index);
   child->setParent(m_owner);
   list().set(index, child);
   return true;
@@ -77,7 +79,7 @@ bool Children::replace(int index, NkPanelix* child) {
 
 void Children::clear() {
   for (int i = m_num - 1; i >= 0; i = std::min(i, m_num) - 1) endWindows(i);
-  m_num = 0;
+  while (m_num > 0) leave(m_num - 1);
   list().truncate(0);
 }
 
@@ -115,6 +117,50 @@ std::string Children::locationOf(const char* operation) const {
 
 void Children::postOutOfRange(const char* operation, const char* message, int index, int last) const {
   NkDebugError::post(locationOf(operation).c_str(), message, index, 0, last);
+}
+
+// Walks
+
+void Children::come(int index) {
+  ++m_num;
+  for (Walk* walk = m_walk; walk; walk = walk->m_outer) walk->come(index);
+}
+
+void Children::leave(int index) {
+  --m_num;
+  for (Walk* walk = m_walk; walk; walk = walk->m_outer) walk->leave(index);
+}
+
+Children::Walk::Walk(const Children& children) : m_children(children), m_outer(children.m_walk), m_end(children.m_num) {
+  children.m_walk = this;
+}
+
+Children::Walk::~Walk() { m_children.m_walk = m_outer; }
+
+NkPanelix* Children::Walk::next() {
+  while (m_next < m_end) {
+    const int index = m_next++;
+    if (std::erase(m_newcomers, index) == 0) return static_cast<NkPanelix*>(m_children.list()[index]);
+  }
+  return nullptr;
+}
+
+void Children::Walk::come(int index) {
+  if (index >= m_end) return;
+  ++m_end;
+  for (int& newcomer : m_newcomers) newcomer += newcomer >= index ? 1 : 0;
+  if (index < m_next)
+    ++m_next;
+  else
+    m_newcomers.push_back(index);
+}
+
+void Children::Walk::leave(int index) {
+  if (index >= m_end) return;
+  --m_end;
+  std::erase(m_newcomers, index);
+  for (int& newcomer : m_newcomers) newcomer -= newcomer > index ? 1 : 0;
+  if (index < m_next) --m_next;
 }
 
 // Ways through

@@ -91,7 +91,7 @@ private:                                                 \
     (part).setContainer(this);                                                           \
     (part).setFieldType(5);                                                              \
     (part).setPartHolder(true);                                                          \
-    if (construction.isFirst())                                                          \
+    if (construction.makesCatalog())                                                     \
       addCatalogRow(kitClass(), part, arbora::CatalogRow{__VA_ARGS__});                  \
   } while (false)
 

@@ -51,13 +51,16 @@ public:
   void addField(const char* name, NkField* field, const char* sourceFile);
   void addEnumValue(const char* typeName, const char* valueName, int value);
   const EnumData* getEnum(const char* fieldName, const char* typeName, const char* sourceFile, int line);
-  /// Makes the class's catalog from its parent's at the first instance.
+  /// Makes the class's catalog from its parent's at the first instance, or for a class that a refused `exitClass` has
+  /// left without one.
   void makeCatalog(const KitClass& kit);
+  bool makesCatalog() const { return m_makesCatalog; }
 
 private:
   const NodeClass& m_class;
   NkFieldContainer* m_object;
   bool m_locked = false;
+  bool m_makesCatalog = false;
 };
 
 } // namespace arbora

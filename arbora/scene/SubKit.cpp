@@ -12,7 +12,13 @@ void exitKitClass(const KitClass& kit) {
 }
 
 void NodeConstruction::makeCatalog(const KitClass& kit) {
-  if (!isFirst()) return;
+  m_makesCatalog = isFirst();
+  if (!m_makesCatalog && !kit.catalog) {
+    m_class.classMutex.lock();
+    m_locked = true;
+    m_makesCatalog = !kit.catalog;
+  }
+  if (!m_makesCatalog) return;
   delete kit.catalog;
   const NkNodekitCatalog* parent = kit.parentCatalogPtr ? *kit.parentCatalogPtr : nullptr;
   kit.catalog = (parent ? *parent : NkNodekitCatalog()).clone(m_class.classTypeId);

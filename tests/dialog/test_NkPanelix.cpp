@@ -192,6 +192,15 @@ TEST_F(Library, AClassThatLostItsNameKeepsItsTypeAndGivesUpItsCatalog) {
   EXPECT_EQ(NkDialogLabel::getClassTypeId(), type);
   EXPECT_NE(*NkDialogLabel::getFieldDataPtr(), nullptr);
   EXPECT_EQ(NkDialogLabel::getClassNodekitCatalog(), nullptr);
+  {
+    const Ref<NkDialogLabel> label(new NkDialogLabel);
+    ASSERT_NE(label->getNodekitCatalog(), nullptr);
+    EXPECT_NE(label->getNodekitCatalog()->getPartNumber("labelProp"), -1);
+    EXPECT_NE(label->getNodekitCatalog()->getPartNumber("geomSwitch"), -1);
+    NbVec2i32 none(0, 0);
+    label->buildWidget(nullptr, none, none, 0);
+    EXPECT_TRUE(label->isBuilt3D());
+  }
   // Registered anew it leaves and comes back whole.
   NkDialogLabel::initClass();
   NkPanelix::finish();

@@ -78,6 +78,14 @@ public:
   NbVec2i32 labelArea{40, 16};
 };
 
+/// The sizes that a component or a dialog was given, ahead of all layouts.
+template <class Component>
+panelix::SizeTriple stateOf(const Component& component) {
+  panelix::SizeTriple triple;
+  component.getDefaultState(triple.size, triple.min, triple.max);
+  return triple;
+}
+
 /// Holds the 3D input until another component takes it.
 class Holder : public Opened<Block> {
 public:

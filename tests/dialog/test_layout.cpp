@@ -1,5 +1,8 @@
 #include <climits>
+#include <deque>
 #include <random>
+#include <utility>
+#include <vector>
 
 #include "FormsTest.h"
 #include "Panelix/NkColumnDialog.h"
@@ -48,17 +51,22 @@ Ref<NkColumnDialog> columnOf(std::initializer_list<NkDialogComponent*> children)
 }
 
 /// Builds the 3D form with that size.
-void build(NkDialogComponent& component, int width, int height) {
+void build(NkPanelix& component, int width, int height) {
   NbVec2i32 size(width, height);
   NbVec2i32 corner(0, 0);
   component.buildWidget(nullptr, size, corner, 0);
 }
 
-Block& blockOf(const NkDialogGroup& group, int index) { return static_cast<Block&>(*group.getChild(index)); }
+template <class Container>
+Block& blockOf(const Container& container, int index) {
+  return static_cast<Block&>(*container.getChild(index));
+}
 
-std::string heightsOf(const NkDialogGroup& group) {
+template <class Container>
+std::string heightsOf(const Container& container) {
   std::string text;
-  for (int i = 0; i < group.getNumChildren(); ++i) text += std::to_string(blockOf(group, i).height.getValue()) + " ";
+  for (int i = 0; i < container.getNumChildren(); ++i)
+    text += std::to_string(blockOf(container, i).height.getValue()) + " ";
   return text;
 }
 
@@ -66,6 +74,66 @@ std::string widthsOf(const NkDialogGroup& group) {
   std::string text;
   for (int i = 0; i < group.getNumChildren(); ++i) text += std::to_string(blockOf(group, i).width.getValue()) + " ";
   return text;
+}
+
+using SizeFields = std::vector<NkSFInt32*>;
+
+/// The six, in the order in which they are written.
+template <class Component>
+SizeFields sizeFieldsOf(Component& component) {
+  return {&component.width,     &component.height,   &component.minWidth,
+          &component.minHeight, &component.maxWidth, &component.maxHeight};
+}
+
+/// Notes the order in which the size fields are written, as their indices.
+class SizeWrites {
+public:
+  explicit SizeWrites(const SizeFields& fields) {
+    for (NkSFInt32* field : fields)
+      m_sensors.emplace_back(*field, [this, i = m_sensors.size()] { m_order += std::to_string(i) + " "; });
+  }
+  /// Since the last call.
+  std::string order() { return std::exchange(m_order, {}); }
+
+private:
+  std::string m_order;
+  std::deque<OnWrite> m_sensors;
+};
+
+/// The application writes one field of a built component after the other.
+template <class Component>
+void expectStateToFollow(Component& component) {
+  SizeTriple expected = stateOf(component);
+  int value = 500;
+  const SizeFields fields = sizeFieldsOf(component);
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    *fields[i] = ++value;
+    if (i < 2) {
+      expected.size[static_cast<int>(i)] = value;
+    } else {
+      // The limits follow together, those that a layout has found with them.
+      expected.min = NbVec2i32(component.minWidth.getValue(), component.minHeight.getValue());
+      expected.max = NbVec2i32(component.maxWidth.getValue(), component.maxHeight.getValue());
+    }
+    SCOPED_TRACE(i);
+    expectSizes(stateOf(component), expected.size, expected.min, expected.max);
+  }
+}
+
+/// A component whose sizes are all set, whose `block` is asked as soon as one isn't.
+template <class Component>
+void expectToAskForEachSize(Component& component, const Block& block) {
+  const SizeFields fields = sizeFieldsOf(component);
+  for (NkSFInt32* field : fields) *field = 50;
+  int asked = block.asked;
+  sizesOf(component);
+  EXPECT_EQ(block.asked, asked);
+  for (NkSFInt32* field : fields) {
+    *field = 0;
+    sizesOf(component);
+    EXPECT_EQ(block.asked, ++asked);
+    *field = 50;
+  }
 }
 
 } // namespace
@@ -84,7 +152,14 @@ TEST_F(Layout, WhatIsSetIsNotAskedFor) {
   EXPECT_EQ(block->asked, 0);
   block->maxHeight = 0;
   expectSizes(sizesOf(*block), {120, 40}, {5, 5}, {500, 1000});
-  EXPECT_EQ(block->asked, 1);
+}
+
+TEST_F(Layout, EachSizeThatIsNotSetIsAskedFor) {
+  const Ref<Block> block(new Block);
+  expectToAskForEachSize(*block, *block);
+  auto* child = new Block;
+  const Ref<NkRowDialog> row = rowOf({child});
+  expectToAskForEachSize(*row, *child);
 }
 
 TEST_F(Layout, AComponentHasStandardSizes) {
@@ -187,6 +262,65 @@ TEST_F(Layout, ResetStartsFromTheDefaults) {
   EXPECT_EQ(block->componentSize(), NbVec2i32(0, 0));
   // The limits stay.
   expectSizes(sizesOf(*block), {100, 30}, {60, 10}, {1000, 1000});
+}
+
+TEST_F(Layout, AResetForgetsTheSizeThatWasGivenAndKeepsTheLimits) {
+  const Ref<Alone<Block>> block(new Alone<Block>);
+  block->width = 120;
+  block->height = 50;
+  block->minWidth = 60;
+  block->maxHeight = 500;
+  block->build(0, 0);
+  expectSizes(stateOf(*block), {120, 50}, {60, 0}, {0, 500});
+  SizeWrites writes(sizeFieldsOf(*block));
+  block->resetSize();
+  EXPECT_EQ(writes.order(), "1 0 ");
+  expectSizes(stateOf(*block), {0, 0}, {60, 0}, {0, 500});
+}
+
+TEST_F(Layout, AResetReachesTheChildren) {
+  auto* block = new Block;
+  block->natural = {70, 20};
+  block->naturalLabel = {40, 20};
+  const Ref<NkRowDialog> row = rowOf({columnOf({block}).get()});
+  build(*row, 300, 200);
+  ASSERT_NE(block->size(), NbVec2i32(0, 0));
+  ASSERT_EQ(block->labelSize(), NbVec2i32(40, 20));
+  ASSERT_EQ(block->componentSize(), NbVec2i32(70, 20));
+  row->resetSize();
+  EXPECT_EQ(row->height.getValue(), 0);
+  EXPECT_EQ(block->size(), NbVec2i32(0, 0));
+  EXPECT_EQ(block->labelSize(), NbVec2i32(0, 0));
+  EXPECT_EQ(block->componentSize(), NbVec2i32(0, 0));
+}
+
+TEST_F(Layout, WhatTheApplicationSetsLaterIsWhatWasGiven) {
+  const Ref<Alone<Block>> block(new Alone<Block>);
+  block->build(0, 0);
+  expectStateToFollow(*block);
+  const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  dialog->addChild(high(30));
+  dialog->buildDialog(nullptr, 0);
+  expectStateToFollow(*dialog);
+}
+
+TEST_F(Layout, SizesAreWrittenInOneOrder) {
+  const Ref<NkRowDialog> row = rowOf({high(30)});
+  SizeWrites ofRow(sizeFieldsOf(*row));
+  build(*row, 100, 100);
+  EXPECT_EQ(ofRow.order(), "0 1 2 3 4 5 ");
+  row->addChild(high(30));
+  EXPECT_EQ(ofRow.order(), "0 1 2 3 4 5 ");
+
+  const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  dialog->addChild(high(30));
+  dialog->windowResizedByChildren = true;
+  SizeWrites ofDialog(sizeFieldsOf(*dialog));
+  dialog->buildDialog(nullptr, 0);
+  EXPECT_EQ(ofDialog.order(), "0 1 2 3 4 5 ");
+  // What was given comes back ahead of what is computed.
+  dialog->addChild(high(30));
+  EXPECT_EQ(ofDialog.order(), "0 1 2 3 4 5 0 1 2 3 4 5 ");
 }
 
 TEST_F(Layout, AComponentWithoutParentMeasuresItsAreas) {
@@ -328,6 +462,20 @@ TEST_F(Layout, WithoutAWindowNoBarComesByItself) {
   EXPECT_EQ(size, NbVec2i32(6, 6));
 }
 
+TEST_F(Layout, AFixedGroupIsItsOwnLimit) {
+  const Ref<NkRowDialog> inner = rowOf({high(30)});
+  inner->fixedWidth = true;
+  expectSizes(sizesOf(*inner), {106, 36}, {106, 7}, {106, 1006});
+  inner->fixedWidth = false;
+  inner->fixedHeight = true;
+  expectSizes(sizesOf(*inner), {106, 36}, {7, 36}, {1006, 36});
+  auto* free = high(30);
+  const Ref<NkRowDialog> outer = rowOf({inner.get(), free});
+  build(*outer, 200, 150);
+  EXPECT_EQ(inner->height.getValue(), 36);
+  EXPECT_EQ(free->height.getValue(), 150 - 36);
+}
+
 TEST_F(Layout, TheNaturalSizeOfAStack) {
   auto* first = new Block;
   auto* second = new Block;
@@ -456,12 +604,15 @@ TEST_F(Layout, ASurplusIsSharedOutInTurns) {
 }
 
 TEST_F(Layout, AChangeOfTheChildrenBeginsTheTurnsAnew) {
-  const Ref<NkRowDialog> row = rowOf({high(30), high(30)});
-  build(*row, 100, 61);
-  EXPECT_EQ(heightsOf(*row), "31 30 ");
-  row->addChild(high(30));
-  build(*row, 100, 92);
-  EXPECT_EQ(heightsOf(*row), "32 30 30 ");
+  for (const bool resized : {true, false}) {
+    const Ref<NkRowDialog> row = rowOf({high(30), high(30)});
+    row->windowResizedByChildren = resized;
+    build(*row, 100, 61);
+    EXPECT_EQ(heightsOf(*row), "31 30 ");
+    row->addChild(high(30));
+    build(*row, 100, 92);
+    EXPECT_EQ(heightsOf(*row), "32 30 30 ");
+  }
 }
 
 TEST_F(Layout, AChildAtItsLimitLeavesItToTheOthers) {
@@ -632,8 +783,58 @@ TEST_F(Layout, ADialogFollowsAChangeDeepInIt) {
   EXPECT_EQ(added->place, NbVec2i32(0, 0));
 }
 
+TEST_F(Layout, AGroupFollowsEachKindOfChange) {
+  auto* second = high(40);
+  const Ref<NkRowDialog> row = rowOf({high(30), second});
+  const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  dialog->addChild(row.get());
+  dialog->windowResizedByChildren = true;
+  dialog->buildDialog(nullptr, 0);
+  const int withoutChildren = dialog->height.getValue() - 70;
+  const auto expectLaidOut = [&](int heightOfChildren) {
+    EXPECT_EQ(dialog->height.getValue(), withoutChildren + heightOfChildren);
+    int y = 0;
+    for (int i = 0; i < row->getNumChildren(); ++i) {
+      EXPECT_TRUE(blockOf(*row, i).isBuilt3D());
+      EXPECT_EQ(blockOf(*row, i).place, NbVec2i32(0, y));
+      y += blockOf(*row, i).height.getValue();
+    }
+    EXPECT_EQ(y, row->getNumChildren() > 0 ? row->height.getValue() : 0);
+  };
+  row->insertChild(high(10), 1);
+  expectLaidOut(80);
+  row->replaceChild(0, high(50));
+  expectLaidOut(100);
+  row->replaceChild(second, high(25));
+  expectLaidOut(85);
+  row->removeAllChildren();
+  expectLaidOut(0);
+}
+
+TEST_F(Layout, AGroupForgetsTheSizesOfItsAreasOnAChange) {
+  class Row : public NkRowDialog {
+  public:
+    NbVec2i32 labelSize() const { return m_labelSize; }
+    NbVec2i32 componentSize() const { return m_componentSize; }
+  };
+  const Ref<Row> row(new Row);
+  build(*row, 100, 100);
+  NbVec2i32 label(40, 16);
+  NbVec2i32 component(70, 20);
+  row->setLabelSize(label);
+  row->setComponentSize(component);
+  EXPECT_EQ(row->labelSize(), label);
+  EXPECT_EQ(row->componentSize(), component);
+  row->addChild(high(30));
+  EXPECT_EQ(row->labelSize(), NbVec2i32(0, 0));
+  EXPECT_EQ(row->componentSize(), NbVec2i32(0, 0));
+}
+
 TEST_F(Layout, AGroupOfTheApplicationsOwnHasTheStandardSizes) {
-  const Ref<NkDialogGroup> group = stackOf<NkDialogGroup>({high(300)});
+  auto* child = high(300);
+  child->natural = {50, 20};
+  const Ref<NkDialogGroup> group = stackOf<NkDialogGroup>({child});
+  EXPECT_EQ(group->getComponentInitSize(), NbVec2i32(0, 0));
   expectSizes(sizesOf(*group), {200, 28}, {25, 25}, {kUnbounded, kUnbounded});
   group->vScrollVisibility = NkDialogGroup::ALWAYS;
   expectSizes(sizesOf(*group), {216, 28}, {41, 25}, {kUnbounded, kUnbounded});
@@ -685,6 +886,80 @@ TEST_F(Layout, AMenuBarTakesItsHeightAndNoGap) {
   EXPECT_EQ(static_cast<Block*>(dialog->getChild(2))->place, NbVec2i32(0, 39));
 }
 
+TEST_F(Layout, TheHeightOfAMenuBarIsNotShared) {
+  class Bar : public NkMenuBar {
+  public:
+    void getSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) override {
+      size = min = NbVec2i32(100, 10);
+      max = NbVec2i32(1000, 500);
+    }
+  };
+  auto* first = new Bar;
+  auto* child = high(30);
+  const Ref<NkTopLevelDialog> dialog = dialogOf({first, child});
+  dialog->height = 500;
+  dialog->buildDialog(nullptr, 0);
+  EXPECT_EQ(child->height.getValue(), 500 - frameSize()[1] - GetSystemMetrics(SM_CYMENU) - 10);
+
+  const Ref<NkTopLevelDialog> withTwo = dialogOf({high(30), first, new NkMenuBar});
+  withTwo->rowSpacing = 9;
+  EXPECT_EQ(withTwo->widgetHasMenuBar(), first);
+  EXPECT_EQ(sizesOf(*withTwo).size[1], 30 + 10 + 9 + frameSize()[1] + GetSystemMetrics(SM_CYMENU));
+}
+
+TEST_F(Layout, OfferedSizesOfADialogAreHeldWithinItsLimits) {
+  const Ref<NkTopLevelDialog> dialog = dialogOf({high(30)});
+  dialog->minWidth = dialog->minHeight = 100;
+  dialog->maxWidth = dialog->maxHeight = 400;
+  const int offered[] = {250, 20, 700};
+  const int taken[] = {250, 100, 400};
+  for (int i = 0; i < 3; ++i) {
+    build(*dialog, offered[i], offered[(i + 1) % 3]);
+    EXPECT_EQ(dialog->width.getValue(), taken[i]);
+    EXPECT_EQ(dialog->height.getValue(), taken[(i + 1) % 3]);
+  }
+  // Of limits out of order, min wins.
+  dialog->minWidth = dialog->minHeight = 300;
+  dialog->maxWidth = dialog->maxHeight = 200;
+  build(*dialog, 250, 250);
+  EXPECT_EQ(dialog->width.getValue(), 300);
+  EXPECT_EQ(dialog->height.getValue(), 300);
+
+  const Ref<NkTopLevelDialog> fixed = dialogOf({high(30)});
+  fixed->resizable = false;
+  build(*fixed, 250, 260);
+  for (const NkSFInt32* field : {&fixed->width, &fixed->minWidth, &fixed->maxWidth}) EXPECT_EQ(field->getValue(), 250);
+  for (const NkSFInt32* field : {&fixed->height, &fixed->minHeight, &fixed->maxHeight})
+    EXPECT_EQ(field->getValue(), 260);
+}
+
+TEST_F(Layout, ADialogKeepsItsTurnsUntilItsChildrenChange) {
+  const Ref<NkTopLevelDialog> dialog = dialogOf({high(30), high(30), high(30)});
+  const int border = frameSize()[1];
+  build(*dialog, 300, border + 91);
+  EXPECT_EQ(heightsOf(*dialog), "31 30 30 ");
+  build(*dialog, 300, border + 92);
+  EXPECT_EQ(heightsOf(*dialog), "31 31 30 ");
+  dialog->updateAfterSceneGraphChange();
+  EXPECT_EQ(heightsOf(*dialog), "31 31 30 ");
+  dialog->height = border + 91;
+  dialog->updateDialogBuild(0);
+  EXPECT_EQ(heightsOf(*dialog), "31 30 30 ");
+}
+
+TEST_F(Layout, AChangeSharesTheHeightOfADialogOutAnew) {
+  auto* grown = high(30);
+  const Ref<NkTopLevelDialog> dialog = dialogOf({grown});
+  dialog->height = 500;
+  dialog->buildDialog(nullptr, 0);
+  const int room = 500 - frameSize()[1];
+  EXPECT_EQ(grown->height.getValue(), room);
+  auto* added = high(30);
+  dialog->addChild(added);
+  EXPECT_EQ(grown->height.getValue() + added->height.getValue(), room);
+  EXPECT_NEAR(grown->height.getValue(), added->height.getValue(), 1);
+}
+
 TEST_F(Layout, AnEmptyDialogIsBounded) {
   const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
   dialog->margin = 10;
@@ -720,13 +995,7 @@ TEST_F(Layout, AFixedDialogHasOneSizeAndWritesNoLimit) {
   const std::string text = writeText(dialog.get());
   for (const char* field : {"minWidth", "maxWidth", "minHeight", "maxHeight", "width", "height"})
     EXPECT_EQ(text.find(std::string(" ") + field), std::string::npos) << field;
-  NbVec2i32 size;
-  NbVec2i32 min;
-  NbVec2i32 max;
-  dialog->getDefaultState(size, min, max);
-  EXPECT_EQ(size, NbVec2i32(0, 0));
-  EXPECT_EQ(min, NbVec2i32(20, 0));
-  EXPECT_EQ(max, NbVec2i32(0, 900));
+  expectSizes(stateOf(*dialog), {0, 0}, {20, 0}, {0, 900});
   // With a size of its own the limits close before any build.
   const auto sized = readOne<NkTopLevelDialog>("TopLevelDialog { resizable FALSE width 500 DialogComponent { } }");
   expectSizes(sizesOf(*sized), {500, height}, {500, 25 + frameSize()[1]}, {500, kUnbounded});

@@ -28,7 +28,7 @@ private:
 
 Block* high(int height) { return new Block({{100, height}, {1, 1}, {1000, 1000}}); }
 
-void build(NkDialogComponent& component, int width, int height, int is2D) {
+void build(NkPanelix& component, int width, int height, int is2D) {
   NbVec2i32 size(width, height);
   NbVec2i32 corner(0, 0);
   component.buildWidget(nullptr, size, corner, is2D);
@@ -138,11 +138,7 @@ TEST_F(WindowlessLayout, ADialogRecordsNoStateWhenItsFirstFormIsTheWindow) {
   dialog->position = NbVec2i32(30, 40);
   dialog->addChild(high(30));
   dialog->buildDialog(nullptr, 0);
-  NbVec2i32 size;
-  NbVec2i32 min;
-  NbVec2i32 max;
-  dialog->getDefaultState(size, min, max);
-  EXPECT_EQ(size, NbVec2i32(0, 0));
+  EXPECT_EQ(stateOf(*dialog).size, NbVec2i32(0, 0));
   EXPECT_EQ(dialog->width.getValue(), 300);
   EXPECT_TRUE(dialog->width.isDefault());
   EXPECT_EQ(dialog->position.getValue(), NbVec2i32(30, 40));
@@ -152,17 +148,71 @@ TEST_F(WindowlessLayout, ADialogRecordsNoStateWhenItsFirstFormIsTheWindow) {
   EXPECT_EQ(dialog->destroyDialog(), 0);
 }
 
+TEST_F(WindowlessLayout, OfTheFormsOfADialogTheFirstDecidesOnItsState) {
+  for (const int is2DFirst : {1, 0}) {
+    const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+    dialog->width = 300;
+    dialog->addChild(high(30));
+    build(*dialog, 0, 0, is2DFirst);
+    build(*dialog, 0, 0, !is2DFirst);
+    EXPECT_EQ(stateOf(*dialog).size, NbVec2i32(is2DFirst ? 0 : 300, 0));
+  }
+}
+
+TEST_F(WindowlessLayout, ChangesOfTheChildrenWaitForTheBuildOfTheDialog) {
+  const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  build(*dialog, 0, 0, 1);
+  auto* early = high(30);
+  dialog->addChild(early);
+  EXPECT_EQ(early->builds, 0);
+  dialog->buildDialog(nullptr, 0);
+  auto* late = high(30);
+  dialog->addChild(late);
+  EXPECT_GT(late->builds, 0);
+
+  /// Gets a sibling inside its first build.
+  class Sociable : public Block {
+  public:
+    void buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& position, int is2D) override {
+      Block::buildWidget(parent, size, position, is2D);
+      if (builds == 1) static_cast<NkTopLevelDialog*>(getParent())->addChild(high(30));
+    }
+  };
+  const Ref<NkTopLevelDialog> other(new NkTopLevelDialog);
+  auto* sociable = new Sociable;
+  other->addChild(sociable);
+  other->buildDialog(nullptr, 0);
+  EXPECT_EQ(other->getNumChildren(), 2);
+  EXPECT_EQ(sociable->builds, 1);
+}
+
+TEST_F(WindowlessLayout, ThePlacesOfADialogAreConnectedWithoutA3DForm) {
+  const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
+  dialog->buildDialog(nullptr, 0);
+  dialog->independentMinimizedPosition = false;
+  dialog->position3D = NbVec3f(1, 2, 3);
+  EXPECT_EQ(dialog->minimized3DPosition.getValue(), NbVec3f(1, 2, 3));
+  EXPECT_FALSE(dialog->position3D.isConnected());
+  dialog->independentMinimizedPosition = true;
+  EXPECT_FALSE(dialog->minimized3DPosition.isConnected());
+  dialog->minimized = true;
+  dialog->independentMinimizedPosition = false;
+  dialog->minimized3DPosition = NbVec3f(4, 5, 6);
+  EXPECT_EQ(dialog->position3D.getValue(), NbVec3f(4, 5, 6));
+  EXPECT_FALSE(dialog->minimized3DPosition.isConnected());
+  EXPECT_FALSE(dialog->isBuilt3D());
+}
+
 TEST_F(WindowlessLayout, ADialogIsNoLargerThanItsMax) {
   const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
   dialog->addChild(high(30));
-  dialog->minWidth = 400;
-  dialog->maxWidth = 250;
+  dialog->minWidth = dialog->minHeight = 400;
+  dialog->maxWidth = dialog->maxHeight = 250;
   dialog->width = 300;
   // Offered sizes are raised to the least one; then the largest one holds.
-  NbVec2i32 size(300, 0);
-  NbVec2i32 corner(0, 0);
-  dialog->buildWidget(nullptr, size, corner, 1);
+  build(*dialog, 300, 300, 1);
   EXPECT_EQ(dialog->width.getValue(), 250);
+  EXPECT_EQ(dialog->height.getValue(), 250);
 }
 
 TEST_F(WindowlessLayout, WithoutAWindowNoBarShows) {

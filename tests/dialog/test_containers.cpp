@@ -958,6 +958,26 @@ TEST_F(NestedContainers, HoldNoneThatHoldsThemBySomeOtherParent) {
   EXPECT_EQ(shared->getNumChildren(), 0);
 }
 
+TEST_F(NestedContainers, EndTheirWindowsBehindThoseOfTheirChildrenInOrder) {
+  class Row : public NkRowDialog {
+  public:
+    using NkRowDialog::m_built2D;
+  };
+  std::string order;
+  const Ref<Row> row(new Row);
+  for (const char* name : {"first", "second", "third"}) {
+    auto* child = new Watched<NkColumnDialog>;
+    child->atEndOfWindows = [&order, &isBuilt = row->m_built2D, name] {
+      order += std::string(name) + (isBuilt ? " " : " late ");
+    };
+    row->addChild(child);
+  }
+  row->m_built2D = 1;
+  row->destroyWidget();
+  EXPECT_EQ(order, "first second third ");
+  EXPECT_EQ(row->m_built2D, 0);
+}
+
 TEST_F(NestedContainers, HoldNoDialogThatLaunchesThem) {
   const Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
   auto* launcher = new NkDialogPushButtonLauncher;

@@ -6,7 +6,8 @@
 #include <type_traits>
 #include <vector>
 
-#include "DialogTest.h"
+#include "FormsTest.h"
+#include "Panelix/NkColumnDialog.h"
 #include "Panelix/NkDialogCheckBox.h"
 #include "Panelix/NkDialogCheckBoxAuditor.h"
 #include "Panelix/NkDialogCheckBoxLauncher.h"
@@ -155,7 +156,7 @@ public:
 
 } // namespace
 
-class Auditors : public DialogTest {
+class Auditors : public FormsTest {
 protected:
   ~Auditors() override { NkPreferences::removeValue("DEBUG_PANELIX_AUDITORS"); }
 
@@ -165,6 +166,12 @@ protected:
   template <class Container>
   static void click(const Ref<Container>& container, const char* id) {
     static_cast<NkDialogCheckBox*>(container->searchForAuditorId(id))->applyDlgCptAuditor();
+  }
+
+  static void build3D(NkDialogGroup& group) {
+    NbVec2i32 size(0, 0);
+    NbVec2i32 corner(0, 0);
+    group.buildWidget(nullptr, size, corner, 0);
   }
 
   Calls calls;
@@ -450,10 +457,28 @@ TEST_F(Auditors, OfMenusWithoutADialogHearNothingFurtherUp) {
   static_cast<NkMenuCheckBox*>(bar->searchForAuditorId("box"))->applyDlgCptAuditor();
 }
 
-TEST_F(Auditors, OfAGroupWithoutAParentHearNothingByDefault) {
-  const auto row = readOne<NkRowDialog>("RowDialog { DialogCheckBox { auditorID \"box\" } }");
+TEST_F(Auditors, OfAGroupWithoutAParentComeWithIts3DForm) {
+  const auto row = readOne<NkRowDialog>("RowDialog { DialogCheckBox { auditorID \"box\" } DialogCheckBox { } }");
   wantReports();
   click(row, "box");
+  row->applyAuditors();
+  build3D(*row);
+  allowMessages("NkDialogAuditor::dialogCheckBox");
+  click(row, "box");
+  EXPECT_EQ(postedMessages().size(), 1U);
+  row->applyAuditors();
+  EXPECT_EQ(postedMessages().size(), 3U);
+}
+
+TEST_F(Auditors, OfAGroupBuiltWithinAParentAreNone) {
+  auto row = readOne<NkRowDialog>("RowDialog { ColumnDialog { DialogCheckBox { auditorID \"box\" } } }");
+  const Ref<NkColumnDialog> column(static_cast<NkColumnDialog*>(row->getChild(0)));
+  wantReports();
+  build3D(*column);
+  click(column, "box");
+  row = {};
+  ASSERT_EQ(column->getParent(), nullptr);
+  click(column, "box");
 }
 
 // A tab dialog's list holds auditors of pages, and, by way of its base, auditors of what is on the pages.
@@ -614,6 +639,21 @@ TEST_F(Auditors, AreFoundEntriesOfMenusAndTheirDialogsFor) {
   EXPECT_EQ(static_cast<NkMenuCheckBoxLauncher*>(popup->getChild(2))->searchForAuditorId("g"),
             bar->searchForAuditorId("g"));
   EXPECT_EQ(static_cast<NkMenuPushButtonLauncher*>(popup->getChild(3))->searchForAuditorId("g"), nullptr);
+}
+
+TEST_F(Auditors, AreFoundComponentsOfALaunchersDialogsFor) {
+  const auto expectSearch = [](const auto& launcher) {
+    NkTopLevelDialog* first = launcher->getChild(0);
+    EXPECT_EQ(launcher->searchForAuditorId("inner"), first);
+    EXPECT_EQ(launcher->searchForAuditorId("x"), first->getChild(0));
+    EXPECT_EQ(launcher->searchForAuditorId("y"), launcher->getChild(1)->getChild(0));
+    EXPECT_EQ(launcher->searchForAuditorId("none"), nullptr);
+    EXPECT_EQ(launcher->searchForAuditorId("own"), nullptr) << "looks below the launcher alone";
+  };
+  const std::string body = "{ auditorID \"own\" TopLevelDialog { auditorID \"inner\" DialogLabel { auditorID \"x\" } }"
+                           "  TopLevelDialog { auditorID \"x\" DialogLabel { auditorID \"y\" } } }";
+  expectSearch(readOne<NkDialogCheckBoxLauncher>("DialogCheckBoxLauncher " + body));
+  expectSearch(readOne<NkDialogPushButtonLauncher>("DialogPushButtonLauncher " + body));
 }
 
 // What an auditor may do

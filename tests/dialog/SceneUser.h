@@ -11,6 +11,7 @@
 #include "arbora/scene/NkLocation2Event.h"
 #include "arbora/scene/NkMaterial.h"
 #include "arbora/scene/NkMouseButtonEvent.h"
+#include "arbora/scene/NkNodeKitDetail.h"
 #include "arbora/scene/NkOrthographicCamera.h"
 #include "arbora/scene/NkPath.h"
 #include "arbora/scene/NkPickStyle.h"
@@ -149,6 +150,21 @@ public:
     }
     ADD_FAILURE() << "out of the pointer's reach: " << node->getTypeId().getName().getString();
     return NbVec2i32(kNowhere, kNowhere);
+  }
+
+  /// Expects what the pointer hits at a place to be in that part of a component.
+  void expectPick(const NbVec2i32& at, NkPanelix* component, const char* part) {
+    SCOPED_TRACE(::testing::Message() << at[0] << ", " << at[1]);
+    NkRayPickAction pick(NbViewportRegion(kWidth, kHeight));
+    pick.setPoint(NbVec2i32(at[0], kHeight - at[1]));
+    pick.apply(root.get());
+    const NkPickedPoint* point = pick.getPickedPoint();
+    ASSERT_NE(point, nullptr);
+    EXPECT_EQ(point->getPath()->getTail(), component);
+    const auto* detail = static_cast<const NkNodeKitDetail*>(point->getDetail(component));
+    ASSERT_NE(detail, nullptr);
+    EXPECT_EQ(detail->getNodeKit(), component);
+    EXPECT_EQ(detail->getPartName(), part);
   }
 
   arbora::Ref<NkSeparator> root;

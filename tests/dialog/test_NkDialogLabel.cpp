@@ -142,6 +142,29 @@ TEST_F(DialogLabel, StandsWhereItsAlignmentSays) {
   EXPECT_EQ(label->place()[0], 0);
 }
 
+TEST_F(DialogLabel, AnotherTextIsPlacedByItsOwnWidth) {
+  const Ref<OpenedLabel> label(new OpenedLabel("old"));
+  label->labelAlignment = NkPanelix::RIGHT;
+  label->build(300, 30);
+  const float width = label->textBox().getSize()[0];
+  label->label = "another text";
+  label->build(300, 30);
+  EXPECT_GT(label->textBox().getSize()[0], width + 10);
+  EXPECT_EQ(label->place()[0], std::trunc(147 - label->textBox().getSize()[0]));
+}
+
+TEST_F(DialogLabel, WhatItsPropertiesShiftIsCentredAllTheSame) {
+  const Ref<OpenedLabel> label(new OpenedLabel("Some text"));
+  label->labelAlignment = NkPanelix::CENTER;
+  const Ref<NkSeparator> properties = read("Group { Translation { translation 30.5 7 0 } }");
+  ASSERT_TRUE(label->setPart("labelProp", properties->getChild(0)));
+  label->build(300, 30);
+  const NbVec3f middle = label->textBox().getCenter();
+  ASSERT_NEAR(middle[0], 30.5F, 0.1F);
+  EXPECT_EQ(label->place()[0], std::trunc(-middle[0]));
+  EXPECT_NEAR(label->place()[1], -middle[1], 1e-3);
+}
+
 TEST_F(DialogLabel, AnEmptyTextHasAPlaceToo) {
   for (const int alignment : {NkPanelix::LEFT, NkPanelix::CENTER, NkPanelix::RIGHT}) {
     const Ref<OpenedLabel> label(new OpenedLabel);
@@ -162,6 +185,23 @@ TEST_F(DialogLabel, BreaksLinesAtItsWidth) {
   narrow->build(60, 60);
   EXPECT_GT(narrow->text()->string.getNum(), 2);
   EXPECT_LT(narrow->textBox().getSize()[0], 80);
+  // What comes behind a line feed comes behind all pieces.
+  const int pieces = narrow->text()->string.getNum();
+  const Ref<OpenedLabel> both(new OpenedLabel("a text that is wider than its label is\\nnext"));
+  both->build(60, 60);
+  ASSERT_EQ(both->text()->string.getNum(), pieces + 1);
+  EXPECT_EQ(both->text()->string[pieces], "next");
+}
+
+TEST_F(DialogLabel, ALineMayBeAsWideAsItsLabelWithinTheFrame) {
+  const Ref<OpenedLabel> label(new OpenedLabel("Some text"));
+  label->build(300, 30);
+  const int widest = static_cast<int>(std::ceil(label->textBox().getSize()[0]));
+  for (const int missing : {0, 1}) {
+    const Ref<OpenedLabel> other(new OpenedLabel("Some text"));
+    other->build(widest + 6 - missing, 30);
+    EXPECT_EQ(other->text()->string.getNum(), 1 + missing);
+  }
 }
 
 TEST_F(DialogLabel, ATextOverAnOlderOneMerges) {

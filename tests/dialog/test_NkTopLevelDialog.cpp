@@ -10,6 +10,8 @@
 #include "Panelix/NkRowDialog.h"
 #include "arbora/base/NkPreferences.h"
 #include "arbora/scene/NkGetBoundingBoxAction.h"
+#include "arbora/scene/NkMaterial.h"
+#include "tests/dialog/SceneUser.h"
 
 using arbora::Ref;
 
@@ -159,8 +161,11 @@ TEST_F(TopLevelDialog, HasASkinOfThreeParts) {
   EXPECT_EQ(parts->getChild(0)->getName(), "TopLevelDialogFrame");
   EXPECT_EQ(parts->getChild(1)->getName(), "TopLevelDialogMinReleased");
   EXPECT_EQ(parts->getChild(2)->getName(), "TopLevelDialogMinPressed");
+  auto* frame = static_cast<NkGroup*>(parts->getChild(0));
+  EXPECT_EQ(typesOf(frame), "Material Translation Cube Translation ");
+  EXPECT_EQ(static_cast<NkMaterial*>(frame->getChild(0))->diffuseColor[0], NbColor(0.7F, 0.7F, 1));
   NkGetBoundingBoxAction box;
-  box.apply(parts->getChild(0));
+  box.apply(frame);
   EXPECT_EQ(box.getBoundingBox(), NbBox3f(-0.5F, -0.5F, 0, 0.5F, 0.5F, 1));
   expectBevelledButton(parts->getChild(1),
                        {{{0.7F, 0.7F, 1}, {0.2F, 0.2F, 1}, {1, 1, 1}, {0.5F, 0.5F, 1}, {0.7F, 0.7F, 1}}});

@@ -102,6 +102,29 @@ TEST_F(PushButtonLauncherInScene, EachBuildBuildsAndHidesTheDialogs) {
   EXPECT_FALSE(dialog->isShown());
 }
 
+TEST_F(PushButtonLauncherInScene, WhatItBuildsIsItsOwn) {
+  auto* dialog = new LaunchedDialog;
+  launcher->addChild(dialog);
+  dialog->setParent(nullptr);
+  build();
+  EXPECT_EQ(dialog->getParent(), launcher);
+  // Any notification of its window builds what has none.
+  dialog->setParent(nullptr);
+  const int builds = dialog->inside->builds;
+  launcher->eventNotify(1, 0);
+  EXPECT_GT(dialog->inside->builds, builds);
+  EXPECT_EQ(dialog->getParent(), launcher);
+}
+
+TEST_F(PushButtonLauncherInScene, APickTellsItFromItsDialogs) {
+  auto* dialog = new LaunchedDialog;
+  launcher->addChild(dialog);
+  build();
+  dialog->show3D(1);
+  expectPick(pixelOf(launcher->part("frameSep")), launcher, "released");
+  expectPick(pixelOf(dialog->part("frameSep")), dialog, "frame");
+}
+
 TEST_F(PushButtonLauncherInScene, APressTellsTheAuditorAndOpensNothing) {
   PushButtonListener listener;
   launcher->addAuditor(&listener);
@@ -230,6 +253,25 @@ TEST_F(CheckBoxLauncherInScene, APressAnywhereOnItCounts) {
   click(launcher->part("stateSep"));
   click(dialog->part("minSep"));
   EXPECT_TRUE(launcher->state.getValue());
+}
+
+TEST_F(CheckBoxLauncherInScene, APickTellsItFromItsDialogs) {
+  auto* dialog = new LaunchedDialog;
+  launcher->addChild(dialog);
+  launcher->state = true;
+  build();
+  expectPick(pixelOf(launcher->part("frameSep")), launcher, "frame");
+  expectPick(pixelOf(dialog->part("minSep")), dialog, "minReleased");
+}
+
+TEST_F(CheckBoxLauncherInScene, OutOfTheSceneItShowsItsStateAllTheSame) {
+  launcher->onString = "open";
+  launcher->offString = "closed";
+  build();
+  launcher->setCanBeTraversed(0);
+  click(launcher->part("frameSep"));
+  EXPECT_EQ(launcher->shownState(), 1);
+  EXPECT_EQ(linesOf(launcher->group("onOffStringSep")->getChild(2)), "open");
 }
 
 TEST_F(CheckBoxLauncherInScene, TakesNoInputFromAnother) {

@@ -78,6 +78,17 @@ TEST_F(DialogTest, TheBuiltInMarkerIsWhiteWhenOffAndBlackWhenOn) {
   EXPECT_EQ(colourOf(2), NbColor(0, 0, 0));
 }
 
+TEST_F(DialogTest, TheTextOfTheBuiltInCheckBox) {
+  EXPECT_STREQ(NkDialogCheckBox::DialogCheckBox,
+               "DEF DialogCheckBoxFrame Group {  Material { diffuseColor 0.7 0.7 0.7 }"
+               "  Translation { translation 0 0 0.5 }  Cube { width 1 height 1 depth 1}"
+               "  Translation { translation 0 0 0.5 }}"
+               "DEF DialogCheckBoxStateOff Group {  Material { diffuseColor 1 1 1 }"
+               "  Translation { translation 0 0 0.5 }  Cube { width 1 height 1 depth 1}}"
+               "DEF DialogCheckBoxStateOn Group {   Material { diffuseColor 0 0 0 }"
+               "  Translation { translation 0 0 0.5 }  Cube { width 1 height 1 depth 1}}");
+}
+
 // Sizes
 
 TEST_F(CheckBoxForm, WithoutCaptionsThereIsRoomForTheBox) { EXPECT_EQ(box->getComponentInitSize(), NbVec2i32(26, 8)); }
@@ -172,6 +183,16 @@ TEST_F(CheckBoxForm, PartsAreMadeOnce) {
   EXPECT_EQ(box->group("frameSep")->getNumChildren(), 2);
   EXPECT_EQ(box->group("stateSep")->getNumChildren(), 3);
   EXPECT_EQ(box->group("onOffStringSep")->getNumChildren(), 3);
+}
+
+TEST_F(CheckBoxForm, PartsOfTheProgramStay) {
+  for (const char* name : {"frame", "labelProp", "stateOff", "stateOn", "onOffStringProp"}) {
+    const Ref<NkGroup> own(new NkGroup);
+    const Ref<LoneCheckBox> other(new LoneCheckBox);
+    ASSERT_TRUE(other->setPart(name, own.get()));
+    other->build(300, 30);
+    EXPECT_EQ(other->part(name), own.get()) << name;
+  }
 }
 
 // Where it stands
@@ -344,6 +365,8 @@ TEST_F(CheckBoxInScene, ChangesItsStateAtTheRelease) {
   EXPECT_EQ(seen, "11yes");
   EXPECT_EQ(listener.heard, std::vector<NkPanelix*>{box});
   box->inactive = 0;
+  // It has given the input up ahead of its change.
+  const OnWrite change(box->state, [&] { EXPECT_EQ(box->inactive, 1); });
   click(box->part("frameSep"));
   EXPECT_EQ(seen, "00no");
   EXPECT_EQ(listener.heard.size(), 2U);

@@ -44,6 +44,16 @@ TEST_F(DialogTest, PressingTheBuiltInButtonSinksItsFaceAndCaptionByOne) {
   EXPECT_FLOAT_EQ(frontOf(released), 1.5F);
 }
 
+TEST_F(DialogTest, TheTextOfTheBuiltInButton) {
+  EXPECT_STREQ(NkDialogPushButton::DialogPushButton,
+               "DEF DialogPushButtonPressed Group {  Material { diffuseColor 1 0.6 0.6 }"
+               "  Translation { translation 0 0 0.5 }  Cube { width 1 height 1 depth 1 }"
+               "  Translation { translation 0 0 0.5 }}"
+               "DEF DialogPushButtonReleased Group {  Material { diffuseColor 0.7 0.7 0.7 }"
+               "  Translation { translation 0 0 1 }  Cube { width 1 height 1 depth 1 }"
+               "  Translation { translation 0 0 1 }}");
+}
+
 // Forms
 
 namespace {
@@ -179,6 +189,16 @@ TEST_F(PushButtonForm, PartsAreMadeOnce) {
   EXPECT_EQ(button->group("labelSwitch")->getNumChildren(), 3);
   EXPECT_EQ(button->group("frameSep")->getNumChildren(), 2);
   EXPECT_EQ(button->group("buttonLabelSep")->getNumChildren(), 3);
+}
+
+TEST_F(PushButtonForm, PartsOfTheProgramStay) {
+  for (const char* name : {"labelProp", "released", "pressed"}) {
+    const Ref<NkGroup> own(new NkGroup);
+    const Ref<LoneButton> other(new LoneButton);
+    ASSERT_TRUE(other->setPart(name, own.get()));
+    other->build(300, 30);
+    EXPECT_EQ(other->part(name), own.get()) << name;
+  }
 }
 
 TEST_F(PushButtonForm, ABoxBuildsIt) {

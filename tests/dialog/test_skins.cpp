@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -415,7 +416,7 @@ SKIN_TEST(AProgramMayPutItsOwnTextInThePlaceOfABuiltInOne) {
 
 namespace {
 
-/// A dialog of a label, a separator and a component, built in 3D.
+/// A dialog of a label, a separator, a push button and a check box, built in 3D.
 class Panel {
 public:
   Panel() {
@@ -423,7 +424,11 @@ public:
     auto* separator = new Opened<NkDialogSeparator>;
     label->label = "text";
     m_dialog->addChild(label);
+    auto* button = new Opened<NkDialogPushButton>;
+    auto* box = new Opened<NkDialogCheckBox>;
     m_dialog->addChild(separator);
+    m_dialog->addChild(button);
+    m_dialog->addChild(box);
     NbVec2i32 none(0, 0);
     m_dialog->buildWidget(nullptr, none, none, 0);
     for (const char* name : {"frame", "minReleased", "minPressed", "labelProp"})
@@ -431,6 +436,10 @@ public:
     for (const char* name : {"edgeStyleNone", "edgeStyleShadowIn", "edgeStyleShadowOut", "labelProp"})
       m_parts.push_back(label->part(name));
     for (const char* name : {"edgeStyleNone", "vFrame", "hFrame"}) m_parts.push_back(separator->part(name));
+    for (const char* name : {"labelProp", "released", "pressed", "buttonLabelProp"})
+      m_parts.push_back(button->part(name));
+    for (const char* name : {"frame", "labelProp", "stateOff", "stateOn", "onOffStringProp"})
+      m_parts.push_back(box->part(name));
   }
 
   NkTopLevelDialog* dialog() { return m_dialog.get(); }
@@ -475,7 +484,8 @@ SKIN_TEST(ThePanelOfAProgramWithoutASkinIsBuiltIn) {
   const Panel panel;
   // The files in the order in which their parts are wanted, the explanation with the first.
   EXPECT_EQ(takeMessages(), (Messages{notFound("TextProperties.arb") + kExplanation, notFound("TopLevelDialog.arb"),
-                                      notFound("DialogComponent.arb"), notFound("DialogSeparator.arb")}));
+                                      notFound("DialogComponent.arb"), notFound("DialogSeparator.arb"),
+                                      notFound("DialogPushButton.arb"), notFound("DialogCheckBox.arb")}));
   const std::vector<std::string> looks = panel.looks();
   for (NkNode* each : panel.parts()) {
     ASSERT_NE(each, nullptr);
@@ -606,6 +616,34 @@ SKIN_TEST(ClassesChangeInOneOrder) {
   for (const SkinnedClass& skinned : skinnedClasses()) expected.push_back(notFound(skinned.fileName));
   expected.front() += kExplanation;
   EXPECT_EQ(takeMessages(), expected);
+}
+
+SKIN_TEST(PartsAreEmptiedAndFilledInOneOrder) {
+  NkPanelix::setSkin(skinDir("default").c_str());
+  Messages noted;
+  const auto note = [](void* data, NkSensor* sensor) {
+    auto& changes = *static_cast<Messages*>(data);
+    auto* const group = static_cast<NkGroup*>(static_cast<NkNodeSensor*>(sensor)->getAttachedNode());
+    const std::string change =
+        group->getName().getString() + std::string(group->getNumChildren() ? " filled" : " emptied");
+    if (changes.empty() || changes.back() != change) changes.push_back(change);
+  };
+  std::vector<std::unique_ptr<NkNodeSensor>> sensors;
+  forEachPart([&](const char* name) {
+    sensors.push_back(std::make_unique<NkNodeSensor>(note, &noted));
+    sensors.back()->setPriority(0);
+    sensors.back()->attach(part(name));
+  });
+  for (const SkinnedClass& skinned : skinnedClasses()) {
+    if (skinned.isLoaded == &NkPanelix::isSkinLoaded) continue;
+    Messages expected;
+    for (const char* change : {" emptied", " filled"}) {
+      for (const char* name : skinned.parts) expected.push_back(std::string("_Rmx_Tmp_") + name + change);
+    }
+    noted.clear();
+    skinned.change();
+    EXPECT_EQ(noted, expected) << skinned.fileName;
+  }
 }
 
 SKIN_TEST(AClassCanChangeAlone) {

@@ -261,11 +261,21 @@ TEST_F(Forms3D, ATitleStandsAtTheTopLeft) {
 }
 
 TEST_F(Forms3D, AnotherTitleIsMeasuredAnew) {
-  build();
+  auto* properties = new NkGroup;
+  ASSERT_TRUE(panel->setPart("labelProp", properties));
   panel->label = "Title";
   build();
-  const NbBox3f box = worldBoxOf(panel->group("labelSep")->getChild(2));
-  EXPECT_NEAR((box.getMin()[1] + box.getMax()[1]) / 2, -12, 0.01);
+  auto* shift = new NkTranslation;
+  shift->translation = NbVec3f(0, 7, 0);
+  properties->addChild(shift);
+  const auto expectMiddle = [&](float y) {
+    build();
+    const NbBox3f box = worldBoxOf(panel->group("labelSep")->getChild(2));
+    EXPECT_NEAR((box.getMin()[1] + box.getMax()[1]) / 2, y, 0.01);
+  };
+  expectMiddle(-12 + 7);
+  panel->label = "Other";
+  expectMiddle(-12);
 }
 
 TEST_F(Forms3D, AHalfPixelIsNoTrouble) {
@@ -279,7 +289,7 @@ TEST_F(Forms3D, AHalfPixelIsNoTrouble) {
   EXPECT_EQ(frameOf(child)[2], static_cast<float>(child->width.getValue()));
 }
 
-TEST_F(Forms3D, NorIsItInAStack) {
+TEST_F(Forms3D, AHalfPixelIsNoTroubleInAStack) {
   auto* row = new Opened<NkRowDialog>;
   auto* top = high(31);
   auto* bottom = high(30);
@@ -479,9 +489,10 @@ TEST_F(Forms3D, ShowingGoesAllTheWayDown) {
 }
 
 TEST_F(Forms3D, ABuildShowsAComponent) {
-  child->show3D(0);
-  build();
-  EXPECT_TRUE(child->isShown());
+  const Ref<Part> alone(new Part);
+  alone->show3D(0);
+  alone->build(0);
+  EXPECT_TRUE(alone->isShown());
 }
 
 TEST_F(Forms3D, WhatIsDisabledAheadOfTheBuildIsBuiltDisabled) {

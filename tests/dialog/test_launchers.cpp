@@ -44,6 +44,8 @@ class CheckBoxLauncher : public Opened<NkDialogCheckBoxLauncher> {
 public:
   explicit CheckBoxLauncher(Notes* notes = nullptr) : m_notes(notes) {}
   int shownState() { return chosen("stateSwitch"); }
+  /// As after a build of the 2D form whose windows failed.
+  void enter2DForm() { m_built2D = 1; }
 
 protected:
   void change3DState() override {
@@ -253,6 +255,22 @@ TEST_F(CheckBoxLauncherInScene, APressAnywhereOnItCounts) {
   click(launcher->part("stateSep"));
   click(dialog->part("minSep"));
   EXPECT_TRUE(launcher->state.getValue());
+}
+
+TEST_F(CheckBoxLauncherInScene, WhatItBuildsFor2DIsItsOwn) {
+  auto* dialog = new LaunchedDialog;
+  launcher->addChild(dialog);
+  launcher->enter2DForm();
+  const auto expectBuilt = [&](auto&& act) {
+    const int builds = dialog->inside->builds;
+    dialog->setParent(nullptr);
+    act();
+    EXPECT_GT(dialog->inside->builds, builds);
+    EXPECT_EQ(dialog->getParent(), launcher);
+  };
+  expectBuilt([&] { build(); });
+  // Any notification of its window builds what has none.
+  expectBuilt([&] { launcher->eventNotify(1, 0); });
 }
 
 TEST_F(CheckBoxLauncherInScene, APickTellsItFromItsDialogs) {

@@ -6,6 +6,7 @@
 #include "Panelix/NkRowDialog.h"
 #include "tests/desktop/Control_win.h"
 #include "tests/desktop/DesktopTest_win.h"
+#include "tests/desktop/MessageLog_win.h"
 
 // Windows that come and go. The runner counts nodes, windows and drawing objects around each test.
 
@@ -53,6 +54,41 @@ TEST_F(WindowLifetime, AThousandChildrenComeAndGo) {
     row->removeChild(0);
   }
   EXPECT_EQ(GetWindow(row->getWidget(), GW_CHILD), nullptr);
+}
+
+TEST_F(WindowLifetime, AGroupsWindowGoesBehindThoseOfItsChildren) {
+  Control* control = nullptr;
+  const auto dialog = makeDialog(control);
+  const arbora::Ref<NkRowDialog> row(static_cast<NkRowDialog*>(dialog->getChild(0)));
+  auto* second = new Control;
+  row->addChild(second);
+  MessageLog log({{row->getWidget(), "row"}, {control->getWidget(), "first"}, {second->getWidget(), "second"}},
+                 {{WM_DESTROY, "goes"}});
+  row->destroyWidget();
+  EXPECT_EQ(log.take(), "first goes, second goes, row goes");
+}
+
+TEST_F(WindowLifetime, TheWindowsOfADialogGoFromTheInsideOut) {
+  Control* control = nullptr;
+  arbora::Ref<NkTopLevelDialog> dialog = makeDialog(control);
+  const auto frameOf = [&](int index) { return static_cast<NkDialogComponent*>(dialog->getChild(index))->getWidget(); };
+  MessageLog log(
+      {{dialog->getWidget(), "inside"}, {frameOf(0), "row"}, {frameOf(1), "label"}, {control->getWidget(), "control"}},
+      {{WM_DESTROY, "goes"}});
+  dialog = arbora::Ref<NkTopLevelDialog>();
+  EXPECT_EQ(log.take(), "control goes, row goes, label goes, inside goes");
+}
+
+TEST_F(WindowLifetime, ADialogTakesTheFocusedAndTheScrolledWindowAlong) {
+  Control* control = nullptr;
+  arbora::Ref<NkTopLevelDialog> dialog = makeDialog(control);
+  const HWND focused = makeApplicationWindow();
+  const HWND scrolled = makeApplicationWindow();
+  dialog->setCurrentFocusedWidget(focused);
+  dialog->setCurrentScrolledWidget(scrolled);
+  dialog = arbora::Ref<NkTopLevelDialog>();
+  EXPECT_FALSE(IsWindow(focused));
+  EXPECT_FALSE(IsWindow(scrolled));
 }
 
 TEST_F(WindowLifetime, AComponentGoesInsideItsOwnMessage) {

@@ -34,6 +34,13 @@ protected:
   }
 };
 
+/// A dialog around a row of that size, whose content is 406 x 306 pixels large at least.
+std::string dialogOfRow(int width, int height, const std::string& fields = "") {
+  return "TopLevelDialog { RowDialog { auditorID \"row\" minWidth 50 minHeight 50 width " + std::to_string(width) +
+         " height " + std::to_string(height) + " " + fields +
+         " DialogLabel { auditorID \"label\" label \"text\" minWidth 400 minHeight 300 } } }";
+}
+
 /// The wheel as the system has it, which the test changes; off again at its end, as in a new program.
 class Wheel : public Scrolling {
 protected:
@@ -246,6 +253,16 @@ TEST_F(Wheel, TurnsOnlyWhatScrolledLast) {
   EXPECT_EQ(positionOf(dialog->getWidget(), SB_VERT), 3);
 }
 
+TEST_F(Wheel, IsTheSameForAllDialogs) {
+  auto* first = open(kTooSmall);
+  auto* second = open(kTooSmall);
+  setLines(first, 4);
+  turnWheel(first, -29);
+  turnWheel(second, -1);
+  EXPECT_EQ(positionOf(first->getWidget(), SB_VERT), 0);
+  EXPECT_EQ(positionOf(second->getWidget(), SB_VERT), 1);
+}
+
 TEST_F(Wheel, IsTheUsers) {
   auto* dialog = open(kTooSmall);
   setLines(dialog, 3);
@@ -275,6 +292,49 @@ TEST_F(Scrolling, AGroupHasBarsByItsOwnWindow) {
   EXPECT_EQ(topOf(label), -(322 - page[1] + 1));
 }
 
+TEST_F(Scrolling, EachBarOfAGroupLooksAtItsOwnAxis) {
+  const auto openRow = [this](int width, int height) {
+    return find<NkRowDialog>(open(dialogOfRow(width, height)), "row")->getWidget();
+  };
+  const HWND fitting = openRow(406, 306);
+  EXPECT_EQ(barOf(fitting, SB_VERT), "off");
+  EXPECT_EQ(barOf(fitting, SB_HORZ), "off");
+  // What a bar takes of the room doesn't bring on the other one.
+  const HWND low = openRow(406, 305);
+  EXPECT_EQ(barOf(low, SB_VERT), rectangle(0, 306, 305, 0));
+  EXPECT_EQ(barOf(low, SB_HORZ), "off");
+  const HWND narrow = openRow(405, 306);
+  EXPECT_EQ(barOf(narrow, SB_VERT), "off");
+  EXPECT_EQ(barOf(narrow, SB_HORZ), rectangle(0, 406, 405, 0));
+}
+
+TEST_F(Scrolling, AGroupThatGrowsLosesItsBars) {
+  auto* dialog = open(dialogOfRow(405, 305));
+  const HWND row = find<NkRowDialog>(dialog, "row")->getWidget();
+  const NbVec2i32 size = sizeOf(dialog->getBaseWidget());
+  EXPECT_NE(barOf(row, SB_VERT), "off");
+  EXPECT_NE(barOf(row, SB_HORZ), "off");
+  resize(dialog->getBaseWidget(), size[0], size[1] + 1);
+  EXPECT_EQ(barOf(row, SB_VERT), "off");
+  EXPECT_NE(barOf(row, SB_HORZ), "off");
+  resize(dialog->getBaseWidget(), size[0] + 1, size[1] + 1);
+  EXPECT_EQ(barOf(row, SB_HORZ), "off");
+}
+
+TEST_F(Scrolling, ABarThatComesOnTakesItsRoomFromTheChildren) {
+  auto* dialog = open("TopLevelDialog { width 300 height 250"
+                      " RowDialog { auditorID \"low\" minWidth 50 minHeight 50"
+                      " DialogLabel { auditorID \"high\" minHeight 300 } }"
+                      " ColumnDialog { auditorID \"narrow\" minWidth 50 minHeight 50"
+                      " DialogLabel { auditorID \"wide\" minWidth 400 } } }");
+  const HWND low = find<NkRowDialog>(dialog, "low")->getWidget();
+  EXPECT_NE(barOf(low, SB_VERT), "off");
+  EXPECT_EQ(find<NkDialogLabel>(dialog, "high")->width.getValue(), sizeOf(low)[0] - 16);
+  const HWND narrow = find<NkColumnDialog>(dialog, "narrow")->getWidget();
+  EXPECT_NE(barOf(narrow, SB_HORZ), "off");
+  EXPECT_EQ(find<NkDialogLabel>(dialog, "wide")->height.getValue(), sizeOf(narrow)[1] - 16);
+}
+
 TEST_F(Scrolling, AGroupKeepsItsPositionWhileItsChildrenGoBack) {
   auto* dialog = open("TopLevelDialog { width 300 height 250 RowDialog { auditorID \"row\" minWidth 50 minHeight 50"
                       " DialogLabel { auditorID \"label\" label \"text\" minHeight 300 } } }");
@@ -285,6 +345,29 @@ TEST_F(Scrolling, AGroupKeepsItsPositionWhileItsChildrenGoBack) {
   resize(dialog->getBaseWidget(), 310, 250);
   EXPECT_EQ(positionOf(row, SB_VERT), 5);
   EXPECT_EQ(topOf(label), 0);
+}
+
+TEST_F(Scrolling, AGroupMovesItsChildrenBackToItsPositionWhenAsked) {
+  class Row : public NkRowDialog {
+  public:
+    using NkDialogGroup::updateGroupWidgetScrollPosition;
+  };
+  auto* dialog = read<NkTopLevelDialog>("TopLevelDialog { width 300 height 250 }");
+  auto* row = new Row;
+  row->minWidth = 50;
+  row->minHeight = 50;
+  dialog->addChild(row);
+  auto* control = new Control;
+  control->minDefault = NbVec2i32(400, 300);
+  row->addChild(control);
+  dialog->buildDialog(nullptr, 0);
+  dialog->show();
+  for (int i = 0; i < 5; ++i) scroll(row->getWidget(), WM_VSCROLL, SB_LINEDOWN);
+  for (int i = 0; i < 7; ++i) scroll(row->getWidget(), WM_HSCROLL, SB_LINERIGHT);
+  resize(dialog->getBaseWidget(), 310, 260);
+  EXPECT_EQ(NbVec2i32(leftOf(control), topOf(control)), NbVec2i32(0, 0));
+  row->updateGroupWidgetScrollPosition();
+  EXPECT_EQ(NbVec2i32(leftOf(control), topOf(control)), NbVec2i32(-7, -5));
 }
 
 TEST_F(Scrolling, AGroupsPoliciesHold) {
@@ -302,6 +385,19 @@ TEST_F(Scrolling, AGroupsPoliciesHold) {
   EXPECT_EQ(barOf(group->getWidget(), SB_HORZ), "off");
 }
 
+TEST_F(Scrolling, BarsOfAGroupThatAreAlwaysThereCountInTheRanges) {
+  constexpr const char* kAlways = "vScrollVisibility ALWAYS hScrollVisibility ALWAYS";
+  const HWND small = find<NkRowDialog>(open(dialogOfRow(200, 150, kAlways)), "row")->getWidget();
+  EXPECT_EQ(barOf(small, SB_VERT), rectangle(0, 306 + 16 + 16, 150, 0));
+  EXPECT_EQ(barOf(small, SB_HORZ), rectangle(0, 406 + 16 + 16, 200, 0));
+  auto* large = open(dialogOfRow(500, 400, kAlways));
+  const HWND row = find<NkRowDialog>(large, "row")->getWidget();
+  // The system holds the page within the range.
+  EXPECT_EQ(barOf(row, SB_VERT), rectangle(0, 338, 339, 0));
+  EXPECT_EQ(barOf(row, SB_HORZ), rectangle(0, 438, 439, 0));
+  EXPECT_EQ(sizeOf(find<NkDialogLabel>(large, "label")->getWidget()), NbVec2i32(500 - 16, 400 - 16));
+}
+
 TEST_F(Scrolling, AGroupsHorizontalScrollingIsAnEventToo) {
   // The frame of any component scrolls so; only a group makes use of it.
   auto* dialog = read<NkTopLevelDialog>("TopLevelDialog { width 300 height 200 }");
@@ -312,4 +408,25 @@ TEST_F(Scrolling, AGroupsHorizontalScrollingIsAnEventToo) {
   EXPECT_TRUE(control->notes.empty());
   scroll(control->getWidget(), WM_HSCROLL, SB_LINERIGHT);
   EXPECT_EQ(control->notes, std::vector<std::string>{std::to_string(WM_HSCROLL) + " 1"});
+}
+
+TEST_F(Scrolling, AGroupHearsOfItsHorizontalScrollingAhead) {
+  class Row : public NkRowDialog {
+  public:
+    void eventNotify(unsigned int message, std::uint64_t) override {
+      if (message == WM_HSCROLL) positionAtEvent = positionOf(getWidget(), SB_HORZ);
+    }
+    int positionAtEvent = -1;
+  };
+  auto* dialog = read<NkTopLevelDialog>("TopLevelDialog { width 200 height 150 }");
+  auto* row = new Row;
+  row->minWidth = 50;
+  dialog->addChild(row);
+  auto* control = new Control;
+  control->minDefault = NbVec2i32(400, 10);
+  row->addChild(control);
+  dialog->buildDialog(nullptr, 0);
+  scroll(row->getWidget(), WM_HSCROLL, SB_LINERIGHT);
+  EXPECT_EQ(row->positionAtEvent, 0);
+  EXPECT_EQ(positionOf(row->getWidget(), SB_HORZ), 1);
 }

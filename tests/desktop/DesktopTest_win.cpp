@@ -14,7 +14,7 @@
 namespace {
 
 /// What the application, the system and the toolkit make once and keep: the main window, the windows of the input
-/// method, window classes with their brushes and icons, what bars and captions are drawn with, skins.
+/// method, window classes with their brushes and icons, what bars, menus and captions are drawn with, skins.
 class WhatStays : public ::testing::Environment {
   void SetUp() override {
     desktop::start();
@@ -35,8 +35,10 @@ class WhatStays : public ::testing::Environment {
       dialog->addChild(box);
       dialog->buildDialog(nullptr, 0);
       dialog->show();
+      const HMENU menu = CreateMenu();
+      AppendMenuA(menu, MF_STRING, 1, "entry");
       const HWND other = CreateWindowExA(0, "STATIC", "application", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 200,
-                                         nullptr, nullptr, NkWin::getInstance(), nullptr);
+                                         nullptr, menu, NkWin::getInstance(), nullptr);
       desktop::serveAWhile();
       DestroyWindow(other);
       NbVec2i32 none(0, 0);

@@ -1,7 +1,11 @@
+#include <utility>
+
 #include "Panelix/NkDialogLabel.h"
+#include "Panelix/NkMenuBar.h"
 #include "Panelix/NkRowDialog.h"
 #include "tests/desktop/Control_win.h"
 #include "tests/desktop/DesktopTest_win.h"
+#include "tests/desktop/MessageLog_win.h"
 
 namespace {
 
@@ -45,6 +49,45 @@ protected:
   }
 };
 
+/// Notes the titles that the windows of a class are made with.
+class Titles {
+public:
+  explicit Titles(std::string className) {
+    s_class = std::move(className);
+    s_titles.clear();
+    m_hook = SetWindowsHookExA(WH_CBT, note, nullptr, GetCurrentThreadId());
+  }
+  ~Titles() { UnhookWindowsHookEx(m_hook); }
+  Titles(const Titles&) = delete;
+  Titles& operator=(const Titles&) = delete;
+  static const std::vector<std::string>& get() { return s_titles; }
+
+private:
+  static LRESULT CALLBACK note(int code, WPARAM window, LPARAM creation) {
+    char name[256] = "";
+    if (code == HCBT_CREATEWND) GetClassNameA(reinterpret_cast<HWND>(window), name, sizeof name);
+    if (name == s_class) s_titles.emplace_back(reinterpret_cast<CBT_CREATEWNDA*>(creation)->lpcs->lpszName);
+    return CallNextHookEx(nullptr, code, window, creation);
+  }
+
+  static inline std::string s_class;
+  static inline std::vector<std::string> s_titles;
+  HHOOK m_hook;
+};
+
+/// The colours of an icon, byte by byte.
+std::vector<unsigned char> pixelsOf(HICON icon) {
+  ICONINFO parts{};
+  GetIconInfo(icon, &parts);
+  BITMAP bitmap{};
+  GetObjectA(parts.hbmColor, sizeof bitmap, &bitmap);
+  std::vector<unsigned char> pixels(static_cast<std::size_t>(bitmap.bmWidthBytes) * bitmap.bmHeight);
+  GetBitmapBits(parts.hbmColor, static_cast<LONG>(pixels.size()), pixels.data());
+  DeleteObject(parts.hbmColor);
+  DeleteObject(parts.hbmMask);
+  return pixels;
+}
+
 constexpr const char* kOneLabel = "DialogLabel { auditorID \"label\" label \"text\" }";
 
 } // namespace
@@ -73,6 +116,24 @@ TEST_F(TopLevelDialogWindow, IsAFrameWithAWindowForTheComponents) {
   EXPECT_NE(classWord(base, GCLP_HICON), 0U);
   EXPECT_EQ(classWord(inside, GCLP_HICON), 0U);
   expectFilled(dialog);
+}
+
+TEST_F(TopLevelDialogWindow, ItsFrameIsMadeUnderTheNameOfItsClass) {
+  const Titles titles("NkTopLevelDialogBase");
+  open("TopLevelDialog { label \"Hello\" }");
+  EXPECT_EQ(Titles::get(), std::vector<std::string>{"NkTopLevelDialogBase"});
+}
+
+TEST_F(TopLevelDialogWindow, HasTheIconOfTheProgram) {
+  auto* dialog = open("TopLevelDialog { }");
+  char path[MAX_PATH] = "";
+  GetModuleFileNameA(nullptr, path, sizeof path);
+  SHFILEINFOA program{};
+  SHGetFileInfoA(path, FILE_ATTRIBUTE_NORMAL, &program, sizeof program, SHGFI_ICON);
+  const auto expected = pixelsOf(program.hIcon);
+  DestroyIcon(program.hIcon);
+  EXPECT_FALSE(expected.empty());
+  EXPECT_EQ(pixelsOf(reinterpret_cast<HICON>(classWord(dialog->getBaseWidget(), GCLP_HICON))), expected);
 }
 
 TEST_F(TopLevelDialogWindow, AWindowThatIsNotAdoptedDoesNotCount) {
@@ -139,6 +200,22 @@ TEST_F(TopLevelDialogWindow, ResizableChangesTheFrameAndTakesTheLimitsOfTheConte
   EXPECT_EQ(limits.ptMaxTrackSize.y, 0x7FFFFFFF);
 }
 
+TEST_F(TopLevelDialogWindow, ResizableTakesABoundedMaxAndLeavesTheWindowInItsPlace) {
+  auto* dialog = open(
+      "TopLevelDialog { position 120 90 width 300 height 200 margin 5 DialogLabel { maxWidth 400 maxHeight 250 } }");
+  dialog->resizable = FALSE;
+  EXPECT_EQ(rectangleOf(dialog->getBaseWidget()), rectangle(120, 90, 300, 200));
+  EXPECT_EQ(dialog->position.getValue(), NbVec2i32(120, 90));
+  EXPECT_EQ(maxFieldsOf(dialog), NbVec2i32(410, 260));
+  EXPECT_FALSE(dialog->maxWidth.isDefault() || dialog->maxHeight.isDefault());
+}
+
+TEST_F(TopLevelDialogWindow, ResizableDoesNotLookAtTheModalFrame) {
+  auto* dialog = open("TopLevelDialog { modalFrame TRUE }");
+  dialog->resizable = FALSE;
+  EXPECT_EQ(styleOf(dialog->getBaseWidget()), 0x16C80000U);
+}
+
 TEST_F(TopLevelDialogWindow, ResizableOfAHiddenDialogShowsIt) {
   auto* dialog = open("TopLevelDialog { }", false);
   dialog->resizable = FALSE;
@@ -196,6 +273,18 @@ TEST_F(TopLevelDialogWindow, ASizeThatTheUserMakesIsWritten) {
   resize(dialog->getBaseWidget(), 333, dialog->height.getValue());
   EXPECT_FALSE(dialog->width.isDefault());
   EXPECT_TRUE(dialog->height.isDefault() && dialog->minWidth.isDefault() && dialog->maxWidth.isDefault());
+}
+
+TEST_F(TopLevelDialogWindow, ASizeThatTheUserMakesIsNotRecorded) {
+  auto* dialog = open("TopLevelDialog { width 300 height 200 DialogLabel { } }");
+  dialog->width = 310;
+  dialog->minWidth = 250;
+  resize(dialog->getBaseWidget(), 333, 222);
+  EXPECT_EQ(sizeFieldsOf(dialog), NbVec2i32(333, 222));
+  NbVec2i32 size, min, max;
+  dialog->getDefaultState(size, min, max);
+  EXPECT_EQ(size, NbVec2i32(310, 0));
+  EXPECT_EQ(min[0], 250);
 }
 
 TEST_F(TopLevelDialogWindow, TheFirstBuildRecordsNoSizes) {
@@ -383,6 +472,34 @@ TEST_F(TopLevelDialogWindow, ChildrenComeAtTheirPlace) {
   EXPECT_LT(outlineOf(first->getWidget()).top, outlineOf(last->getWidget()).top);
 }
 
+TEST_F(TopLevelDialogWindow, AMenuBarHangsOnTheFrameAboveTheComponents) {
+  class Bar : public NkMenuBar {
+  public:
+    void buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& corner, int is2D) override {
+      NkMenuBar::buildWidget(parent, size, corner, is2D);
+      parentAtBuild = parent;
+      sizeAtBuild = size;
+      cornerAtBuild = corner;
+    }
+    HWND parentAtBuild = nullptr;
+    NbVec2i32 sizeAtBuild, cornerAtBuild;
+  };
+  auto* dialog = read<NkTopLevelDialog>("TopLevelDialog { margin 7 rowSpacing 5 }");
+  auto* bar = new Bar;
+  dialog->addChild(bar);
+  Control* first = add(dialog, "first");
+  Control* second = add(dialog, "second");
+  dialog->buildDialog(nullptr, 0);
+  EXPECT_EQ(sizeFieldsOf(dialog),
+            borderOf(dialog) + NbVec2i32(60 + 2 * 7, 30 + 5 + 30 + 2 * 7 + GetSystemMetrics(SM_CYMENU)));
+  EXPECT_EQ(sizeOf(dialog->getBaseWidget()), sizeFieldsOf(dialog));
+  EXPECT_EQ(bar->parentAtBuild, dialog->getBaseWidget());
+  EXPECT_EQ(bar->sizeAtBuild, NbVec2i32(60, 0));
+  EXPECT_EQ(bar->cornerAtBuild, NbVec2i32(7, 7));
+  EXPECT_EQ(rectangleOf(first->getWidget()), rectangle(7, 7, 60, 30));
+  EXPECT_EQ(rectangleOf(second->getWidget()), rectangle(7, 7 + 30 + 5, 60, 30));
+}
+
 // Showing and hiding
 
 TEST_F(TopLevelDialogWindow, TheCloseBoxHidesIt) {
@@ -438,6 +555,16 @@ TEST_F(TopLevelDialogWindow, CloseIsTheEndOfADialogThatNobodyElseHolds) {
   dialog->close();
   EXPECT_EQ(NkBase::getLiveCount(), live);
   EXPECT_FALSE(IsWindow(base));
+}
+
+TEST_F(TopLevelDialogWindow, CloseHidesADialogThatSomebodyElseHolds) {
+  auto* dialog = open("TopLevelDialog { }");
+  dialog->ref();
+  dialog->close();
+  EXPECT_TRUE(IsWindow(dialog->getBaseWidget()));
+  EXPECT_FALSE(IsWindowVisible(dialog->getBaseWidget()));
+  dialog->show();
+  EXPECT_TRUE(IsWindowVisible(dialog->getBaseWidget()));
 }
 
 TEST_F(TopLevelDialogWindow, MinimisingLaysNothingOut) {
@@ -541,6 +668,13 @@ TEST_F(TopLevelDialogWindow, EnableHoldsForBothWindows) {
   EXPECT_TRUE(IsWindowEnabled(dialog->getWidget()));
 }
 
+TEST_F(TopLevelDialogWindow, EnableTellsTheFrameFirst) {
+  auto* dialog = open("TopLevelDialog { }");
+  MessageLog log({{dialog->getBaseWidget(), "base"}, {dialog->getWidget(), "inside"}}, {{WM_ENABLE, "enable"}});
+  dialog->enable = FALSE;
+  EXPECT_EQ(log.take(), "base enable, inside enable");
+}
+
 // Keys
 
 // The tab order of the system is that of the stacking, in which each child comes above the one before it: the last is
@@ -554,6 +688,16 @@ TEST_F(TopLevelDialogWindow, TheControlAtTheTopOfTheStackHasTheFocusFirst) {
   EXPECT_EQ(GetWindow(dialog->getWidget(), GW_CHILD), last->getWidget());
   EXPECT_EQ(dialog->getCurrentFocusedWidget(), last->getControl());
   EXPECT_EQ(dialog->getCurrentScrolledWidget(), dialog->getWidget());
+}
+
+TEST_F(TopLevelDialogWindow, ASecondBuildLeavesTheFocusedControl) {
+  auto* dialog = read<NkTopLevelDialog>("TopLevelDialog { }");
+  Control* first = add(dialog, "first");
+  add(dialog, "last");
+  dialog->buildDialog(nullptr, 0);
+  dialog->setCurrentFocusedWidget(first->getControl());
+  dialog->buildDialog(nullptr, 0);
+  EXPECT_EQ(dialog->getCurrentFocusedWidget(), first->getControl());
 }
 
 TEST_F(TopLevelDialogWindow, TabWalksDownTheDialogAndShiftTabUp) {
@@ -606,6 +750,69 @@ TEST_F(TopLevelDialogWindow, BothWindowsTakeTheTabKey) {
   SendMessageA(dialog->getWidget(), WM_KEYUP, VK_SHIFT, 0);
   press(dialog->getWidget(), VK_TAB);
   EXPECT_EQ(dialog->getCurrentFocusedWidget(), second->getControl());
+}
+
+TEST_F(TopLevelDialogWindow, AShiftKeyHoldsForAllDialogs) {
+  auto* pressed = open("TopLevelDialog { }");
+  auto* dialog = read<NkTopLevelDialog>("TopLevelDialog { }");
+  const Control* first = add(dialog, "first");
+  const Control* second = add(dialog, "second");
+  add(dialog, "third");
+  dialog->buildDialog(nullptr, 0);
+  SendMessageA(pressed->getBaseWidget(), WM_KEYDOWN, VK_SHIFT, 0);
+  dialog->setCurrentFocusedWidget(second->getControl());
+  SendMessageA(dialog->getBaseWidget(), WM_KEYDOWN, VK_TAB, 0);
+  EXPECT_EQ(dialog->getCurrentFocusedWidget(), first->getControl());
+  SendMessageA(pressed->getBaseWidget(), WM_KEYUP, VK_SHIFT, 0);
+  SendMessageA(dialog->getBaseWidget(), WM_KEYDOWN, VK_TAB, 0);
+  EXPECT_EQ(dialog->getCurrentFocusedWidget(), second->getControl());
+}
+
+TEST_F(TopLevelDialogWindow, AShiftKeyThatIsReleasedElsewhereStaysDown) {
+  auto* dialog = read<NkTopLevelDialog>("TopLevelDialog { position 100 100 width 300 height 250 }");
+  add(dialog, "first");
+  const Control* second = add(dialog, "second");
+  const Control* third = add(dialog, "third");
+  dialog->buildDialog(nullptr, 0);
+  dialog->show();
+  click(200, 100 + GetSystemMetrics(SM_CYFRAME) + 8);
+  SetFocus(third->getControl());
+  EXPECT_TRUE(desktop::act("keydown shift"));
+  const HWND application = makeApplicationWindow();
+  ShowWindow(application, SW_SHOW);
+  SetFocus(application);
+  EXPECT_TRUE(desktop::act("keyup shift"));
+  SetFocus(third->getControl());
+  EXPECT_TRUE(desktop::act("key Tab"));
+  EXPECT_EQ(textOf(GetFocus()), textOf(second->getControl()));
+  EXPECT_TRUE(desktop::act("keydown shift keyup shift key Tab"));
+  EXPECT_EQ(textOf(GetFocus()), textOf(third->getControl()));
+}
+
+TEST_F(TopLevelDialogWindow, ACommandOfAMenuEntryIsTheEntrys) {
+  class Entry : public NkMenuItem {
+  public:
+    void menuEvent(void* menu, int id) override { events.emplace_back(menu, id); }
+    std::vector<std::pair<void*, int>> events;
+  };
+  auto* dialog = open("TopLevelDialog { }");
+  const arbora::Ref<Entry> entry(new Entry);
+  const HMENU menu = CreateMenu();
+  const auto insert = [menu](UINT id, NkMenuItem* item, HMENU submenu) {
+    MENUITEMINFOA info{};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_ID | MIIM_SUBMENU | MIIM_DATA;
+    info.wID = id;
+    info.hSubMenu = submenu;
+    info.dwItemData = reinterpret_cast<ULONG_PTR>(item);
+    EXPECT_TRUE(InsertMenuItemA(menu, 0, TRUE, &info));
+  };
+  insert(7, entry.get(), nullptr);
+  insert(8, entry.get(), CreatePopupMenu());
+  insert(9, nullptr, nullptr);
+  SetMenu(dialog->getBaseWidget(), menu);
+  for (const int id : {7, 8, 9}) EXPECT_EQ(SendMessageA(dialog->getBaseWidget(), WM_COMMAND, MAKEWPARAM(id, 1), 0), 0);
+  EXPECT_EQ(entry->events, (std::vector<std::pair<void*, int>>{{menu, 7}}));
 }
 
 TEST_F(TopLevelDialogWindow, ACommandOfNoMenuIsTaken) {

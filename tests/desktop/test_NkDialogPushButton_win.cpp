@@ -3,6 +3,7 @@
 #include "tests/desktop/ActingTest_win.h"
 #include "tests/desktop/MessageLog_win.h"
 #include "tests/dialog/Listeners.h"
+#include "tests/dialog/OnWrite.h"
 
 namespace {
 
@@ -14,6 +15,15 @@ protected:
   NkDialogPushButton* buildButton(const std::string& fields, NbVec2i32 size = NbVec2i32(0, 0)) {
     return build<NkDialogPushButton>("DialogPushButton { " + fields + " }", size);
   }
+};
+
+class Button : public Opened<NkDialogPushButton> {
+public:
+  void set3DInactive() override {
+    ++inactive;
+    NkDialogPushButton::set3DInactive();
+  }
+  int inactive = 0; ///< How often it has lost the 3D input.
 };
 
 /// A button that stands on the screen and in a scene.
@@ -33,7 +43,7 @@ protected:
 
   PushButtonListener listener;
   Opened<NkTopLevelDialog>* dialog = new Opened<NkTopLevelDialog>;
-  Opened<NkDialogPushButton>* button = new Opened<NkDialogPushButton>;
+  Button* button = new Button;
 };
 
 } // namespace
@@ -206,6 +216,10 @@ TEST_F(PushButtonTwice, IsUpInTheSceneWhenTheAuditorsHear) {
 }
 
 TEST_F(PushButtonTwice, GoesDownOnTheScreenWithAPressInTheScene) {
+  listener.react = [&] {
+    EXPECT_FALSE(isPushed(control()));
+    EXPECT_EQ(button->inactive, 1);
+  };
   scene.press(button->part("frameSep"));
   EXPECT_TRUE(isPushed(control()));
   scene.release();
@@ -251,6 +265,14 @@ TEST_F(PushButtonTwice, ItsCaptionChangesInBoth) {
   button->buttonLabel = "Other\\none";
   EXPECT_EQ(textOf(control()), "Other\none");
   EXPECT_EQ(linesOf(button->group("buttonLabelSep")->getChild(2)), "Other|one");
+}
+
+TEST_F(PushButtonTwice, ItsCaptionChangesOnTheScreenAheadOfTheScene) {
+  std::string onScreen;
+  const OnWrite note(static_cast<NkText3*>(button->group("buttonLabelSep")->getChild(2))->string,
+                     [&] { onScreen = textOf(control()); });
+  button->buttonLabel = "Other";
+  EXPECT_EQ(onScreen, "Other");
 }
 
 TEST_F(PushButtonTwice, InASceneNothingElseChangesOnTheScreen) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "DialogTest.h"
 #include "Panelix/NkDialogCheckBox.h"
 #include "Panelix/NkDialogLabel.h"
@@ -10,7 +8,7 @@
 #include "Panelix/NkTopLevelDialog.h"
 #include "arbora/base/NkPreferences.h"
 #include "arbora/scene/NkDBImpl.h"
-#include "arbora/scene/NkFieldSensor.h"
+#include "tests/dialog/OnWrite.h"
 #include "tests/dialog/SceneUser.h"
 
 /// A component whose natural sizes a test sets, and which notes what it is told.
@@ -123,27 +121,6 @@ protected:
 
 private:
   const bool m_wasVerra;
-};
-
-/// Runs a function inside each write of a field.
-class OnWrite {
-public:
-  OnWrite(NkField& field, std::function<void()> run) : m_run(std::move(run)), m_sensor(&fire, this) {
-    m_sensor.setPriority(0);
-    m_sensor.attach(&field);
-  }
-
-private:
-  static void fire(void* data, NkSensor*) {
-    auto* self = static_cast<OnWrite*>(data);
-    ++self->m_depth;
-    if (self->m_depth == 1) self->m_run();
-    --self->m_depth;
-  }
-
-  std::function<void()> m_run;
-  int m_depth = 0;
-  NkFieldSensor m_sensor;
 };
 
 using Pixels = std::vector<float>;

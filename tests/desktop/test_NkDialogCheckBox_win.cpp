@@ -3,6 +3,7 @@
 #include "tests/desktop/ActingTest_win.h"
 #include "tests/desktop/MessageLog_win.h"
 #include "tests/dialog/Listeners.h"
+#include "tests/dialog/OnWrite.h"
 
 namespace {
 
@@ -106,6 +107,13 @@ TEST_F(CheckBoxWindow, AClickToOffEndsWithTheOnlyCaption) {
   EXPECT_EQ(textOf(controlOf(box)), "yes");
 }
 
+TEST_F(CheckBoxWindow, AWriteOfTheStateChecksItAheadOfItsCaption) {
+  auto* box = buildBox("onString \"yes\" offString \"no\"");
+  MessageLog log({{controlOf(box), "box"}}, {{BM_SETCHECK, "check"}, {WM_SETTEXT, "text"}});
+  box->state = TRUE;
+  EXPECT_EQ(log.take(), "box check, box text 'yes', box text 'yes'");
+}
+
 TEST_F(CheckBoxWindow, ItsStateOutlivesItsWindows) {
   auto* box = buildBox("onString \"yes\" offString \"no\"");
   clickWindow(box);
@@ -184,6 +192,21 @@ TEST_F(CheckBoxWindow, ItsEdgeChangesBehindThePlaces) {
 }
 
 // The user
+
+TEST_F(CheckBoxWindow, AClickHasTheFocusAheadOfTheAuditors) {
+  auto* dialog = open("TopLevelDialog { position 100 100 DialogCheckBox { } DialogCheckBox { auditorID \"box\" } }");
+  auto* box = find<NkDialogCheckBox>(dialog, "box");
+  const auto expectFocus = [&] {
+    EXPECT_EQ(GetFocus(), controlOf(box));
+    EXPECT_EQ(dialog->getCurrentFocusedWidget(), controlOf(box));
+  };
+  CheckBoxListener listener(expectFocus);
+  box->addAuditor(&listener);
+  SetFocus(nullptr);
+  box->eventNotify(BN_CLICKED, 0);
+  EXPECT_EQ(listener.heard.size(), 1U);
+  expectFocus();
+}
 
 TEST_F(CheckBoxWindow, AClickChangesTheStateAndTakesTheFocus) {
   auto* dialog =
@@ -268,6 +291,17 @@ TEST_F(CheckBoxTwice, TheProgramShowsInBoth) {
   EXPECT_FALSE(isEnabled(control()));
   EXPECT_EQ(box->pickStyle(), NkPickStyle::UNPICKABLE);
   EXPECT_TRUE(listener.heard.empty());
+}
+
+TEST_F(CheckBoxTwice, TheScreenChangesAheadOfTheScene) {
+  std::string onScreen;
+  const OnWrite note(static_cast<NkText3*>(box->group("onOffStringSep")->getChild(2))->string,
+                     [&] { onScreen += textOf(control()) + " "; });
+  box->offString = "never";
+  EXPECT_EQ(onScreen, "never ");
+  onScreen.clear();
+  box->state = TRUE;
+  EXPECT_EQ(onScreen, "yes yes yes ");
 }
 
 TEST_F(CheckBoxTwice, OutOfTheSceneOnlyTheScreenChanges) {

@@ -2,6 +2,7 @@
 
 #include "Panelix/NkDialogSeparator.h"
 #include "tests/desktop/DesktopTest_win.h"
+#include "tests/desktop/MessageLog_win.h"
 
 namespace {
 
@@ -46,6 +47,7 @@ TEST_F(LabelWindow, IsAsLargeAsItsText) {
   EXPECT_EQ(sizeOf(empty->getWidget()), NbVec2i32(25, 25));
   auto* high = build<NkDialogLabel>("DialogLabel { label \"one\\ntwo\\nthree\" }");
   EXPECT_EQ(sizeOf(high->getWidget())[1], textHeight("one\ntwo\nthree"));
+  EXPECT_EQ(textOf(controlOf(high)), "one\ntwo\nthree");
 }
 
 TEST_F(LabelWindow, ItsTextStandsInTheMiddle) {
@@ -62,6 +64,23 @@ TEST_F(LabelWindow, ItsTextStandsInTheMiddle) {
   EXPECT_EQ(rectangleOf(controlOf(label)), rectangle(0, (54 - both) / 2, 114, both));
 }
 
+TEST_F(LabelWindow, ATextHigherThanItsRoomStandsOutAtBothSides) {
+  auto* label = build<NkDialogLabel>("DialogLabel { label \"one\\ntwo\\nthree\" }");
+  const int height = textHeight("one\ntwo\nthree");
+  // Of an odd difference the larger part stands out below.
+  label->maxHeight = height - 3;
+  NbVec2i32 none(0, 0);
+  label->buildWidget(m_application, none, none, 1);
+  ASSERT_EQ(label->height.getValue(), height - 3);
+  EXPECT_EQ(rectangleOf(controlOf(label)), rectangle(3, 3 - 4, label->width.getValue() - 6, height));
+}
+
+TEST_F(LabelWindow, ItsEdgeIsTheFrames) {
+  auto* label = build<NkDialogLabel>("DialogLabel { label \"text\" }");
+  label->edgeStyle = NkDialogComponent::SHADOW_IN;
+  EXPECT_EQ(extendedStyleOf(label->getWidget()), 0x30000U);
+}
+
 TEST_F(LabelWindow, AlignmentIsTheControlsStyle) {
   auto* label = build<NkDialogLabel>("DialogLabel { label \"text\" labelAlignment CENTER }");
   EXPECT_EQ(styleOf(controlOf(label)), 0x52000000U | SS_CENTER);
@@ -69,6 +88,25 @@ TEST_F(LabelWindow, AlignmentIsTheControlsStyle) {
   EXPECT_EQ(styleOf(controlOf(label)), 0x52000000U | SS_RIGHT);
   label->labelAlignment = NkPanelix::LEFT;
   EXPECT_EQ(styleOf(controlOf(label)), 0x52000000U | SS_LEFT);
+}
+
+TEST_F(LabelWindow, ANewAlignmentIsShownAnewAndForgetsThatTheLabelIsDisabled) {
+  auto* label = build<NkDialogLabel>("DialogLabel { label \"text\" enable FALSE }");
+  MessageLog log({{controlOf(label), "text"}}, {{WM_STYLECHANGED, "style"}, {WM_SHOWWINDOW, "show"}});
+  label->labelAlignment = NkPanelix::CENTER;
+  EXPECT_EQ(log.take(), "text style, text show, text show");
+  EXPECT_EQ(styleOf(controlOf(label)), 0x52000000U | SS_CENTER);
+}
+
+TEST_F(LabelWindow, IsEnabledOutwards) {
+  auto* label = build<NkDialogLabel>("DialogLabel { label \"text\" }");
+  MessageLog log({{label->getWidget(), "frame"}, {controlOf(label), "text"}}, {{WM_ENABLE, "enable"}});
+  label->enable = FALSE;
+  EXPECT_EQ(log.take(), "text enable, frame enable");
+  label->enable = TRUE;
+  log.take();
+  label->changeWidgetEnable(0);
+  EXPECT_EQ(log.take(), "text enable, frame enable");
 }
 
 TEST_F(LabelWindow, EnableHoldsForTheTextToo) {
@@ -145,4 +183,14 @@ TEST_F(SeparatorWindow, EnableHoldsForTheLineFromTheStart) {
   EXPECT_FALSE(IsWindowEnabled(controlOf(separator)));
   separator->enable = TRUE;
   EXPECT_TRUE(IsWindowEnabled(separator->getWidget()));
+}
+
+TEST_F(SeparatorWindow, GoesWithItsFrameAndComesBack) {
+  auto* separator = build<NkDialogSeparator>("DialogSeparator { }", NbVec2i32(100, 0));
+  const HWND control = controlOf(separator);
+  separator->destroyWidget();
+  EXPECT_FALSE(IsWindow(control));
+  NbVec2i32 none(0, 0);
+  separator->buildWidget(m_application, none, none, 1);
+  EXPECT_EQ(rectangleOf(controlOf(separator)), rectangle(3, 3, 94, 2));
 }

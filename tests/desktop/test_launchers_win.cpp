@@ -5,6 +5,22 @@
 
 namespace {
 
+/// A dialog that notes the windows that it is built for.
+class LaunchedDialog : public Opened<NkTopLevelDialog> {
+public:
+  void buildWidget(HWND parent, NbVec2i32& size, NbVec2i32& corner, int is2D) override {
+    parents.push_back(parent);
+    NkTopLevelDialog::buildWidget(parent, size, corner, is2D);
+  }
+  void show3D(int on) override {
+    onShow3D();
+    NkTopLevelDialog::show3D(on);
+  }
+
+  std::vector<HWND> parents;
+  std::function<void()> onShow3D = [] {};
+};
+
 class LauncherWindows : public ActingTest {
 protected:
   /// Opens a dialog with a launcher of that name, which has `fields` and holds two dialogs, "one" and "two".
@@ -22,6 +38,21 @@ protected:
   }
   NkDialogCheckBoxLauncher* openBox(const std::string& fields = "onString \"open\"") {
     return openLauncher<NkDialogCheckBoxLauncher>("DialogCheckBoxLauncher", fields);
+  }
+
+  /// A click builds a dialog that has no window, and nothing builds it again.
+  template <class Launcher>
+  void expectOneBuild(Launcher* launcher) {
+    ASSERT_NE(NkWin::getTopLevelWidget(), nullptr);
+    auto* late = new LaunchedDialog;
+    late->position = NbVec2i32(700, 300);
+    launcher->addChild(late);
+    EXPECT_EQ(late->getBaseWidget(), nullptr);
+    clickOn(controlOf(launcher));
+    EXPECT_TRUE(isOpen(late));
+    clickOn(controlOf(launcher));
+    dialog->updateAfterSceneGraphChange();
+    EXPECT_EQ(late->parents, std::vector<HWND>{NkWin::getTopLevelWidget()});
   }
 
   static bool isOpen(NkTopLevelDialog* child) { return isVisible(child->getBaseWidget()); }
@@ -74,7 +105,7 @@ protected:
   bool isOpen() { return isVisible(launched->getBaseWidget()); }
 
   Opened<NkTopLevelDialog>* dialog = new Opened<NkTopLevelDialog>;
-  Opened<NkTopLevelDialog>* launched = new Opened<NkTopLevelDialog>;
+  LaunchedDialog* launched = new LaunchedDialog;
   Opened<Launcher>* launcher = new Opened<Launcher>;
 };
 
@@ -135,8 +166,10 @@ TEST_F(LauncherWindows, AButtonOpensAgainWhatItsUserClosed) {
 TEST_F(LauncherWindows, AButtonBuildsAnewWhatTheSystemHasDestroyed) {
   auto* launcher = openButton();
   DestroyWindow(one->getBaseWidget());
+  one->setParent(nullptr);
   clickOn(controlOf(launcher));
   expectOpen(true);
+  EXPECT_EQ(one->getParent(), launcher);
 }
 
 TEST_F(LauncherWindows, AnyNotificationOpensTheDialogsOfAButton) {
@@ -148,15 +181,7 @@ TEST_F(LauncherWindows, AnyNotificationOpensTheDialogsOfAButton) {
   EXPECT_TRUE(listener.heard.empty());
 }
 
-TEST_F(LauncherWindows, ADialogThatComesLaterIsOpenedWithTheOthers) {
-  auto* launcher = openButton();
-  auto* late = new NkTopLevelDialog;
-  late->position = NbVec2i32(700, 300);
-  launcher->addChild(late);
-  EXPECT_EQ(late->getBaseWidget(), nullptr);
-  clickOn(controlOf(launcher));
-  EXPECT_TRUE(isOpen(late));
-}
+TEST_F(LauncherWindows, AButtonBuildsADialogThatComesLaterOnce) { expectOneBuild(openButton()); }
 
 TEST_F(LauncherWindows, DialogsThatGoTakeTheirWindowsAlong) {
   auto* launcher = openButton();
@@ -197,6 +222,8 @@ TEST_F(LauncherWindows, ABoxReadAsCheckedOpensThemAtOnce) {
   clickOn(controlOf(launcher));
   expectOpen(true);
 }
+
+TEST_F(LauncherWindows, ABoxBuildsADialogThatComesLaterOnce) { expectOneBuild(openBox()); }
 
 TEST_F(LauncherWindows, TheStateOfABoxDoesntFollowItsDialogs) {
   auto* launcher = openBox("state TRUE onString \"open\"");
@@ -301,6 +328,12 @@ TEST_F(PushButtonLauncherTwice, FromTheSceneAButtonOpensNothing) {
   EXPECT_FALSE(launched->isShown());
 }
 
+TEST_F(PushButtonLauncherTwice, TheFormInTheSceneBuildsTheDialogsAgain) {
+  const HWND application = NkWin::getTopLevelWidget();
+  // The last build is that of the dialog's own form in the scene.
+  EXPECT_EQ(launched->parents, (std::vector<HWND>{application, application, nullptr}));
+}
+
 TEST_F(CheckBoxLauncherTwice, ABoxShowsItsDialogsInBothForms) {
   const auto expectOpen = [&](bool isOn) {
     EXPECT_EQ(isOpen(), isOn);
@@ -314,6 +347,27 @@ TEST_F(CheckBoxLauncherTwice, ABoxShowsItsDialogsInBothForms) {
   expectOpen(true);
   clickOn(control());
   expectOpen(false);
+}
+
+TEST_F(CheckBoxLauncherTwice, APressInTheSceneBuildsNoWindow) {
+  DestroyWindow(launched->getBaseWidget());
+  scene.click(launcher->part("frameSep"));
+  EXPECT_TRUE(launched->isShown());
+  EXPECT_FALSE(IsWindow(launched->getBaseWidget()));
+  launcher->eventNotify(BN_DOUBLECLICKED, 0);
+  EXPECT_TRUE(isOpen());
+}
+
+TEST_F(CheckBoxLauncherTwice, AWriteWhileItsDialogsAppearIsHeard) {
+  int shown = 0;
+  launched->onShow3D = [&] {
+    launcher->state.touch();
+    shown = launcher->chosen("stateSwitch");
+  };
+  scene.click(launcher->part("frameSep"));
+  EXPECT_EQ(shown, 1);
+  EXPECT_TRUE(isChecked(control()));
+  launched->onShow3D = [] {};
 }
 
 TEST_F(CheckBoxLauncherTwice, APressInTheSceneOpensTheWindowsAndLeavesTheBoxOnTheScreen) {

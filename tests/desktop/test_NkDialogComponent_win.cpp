@@ -6,6 +6,27 @@
 
 namespace {
 
+/// While it lives it notes the windows that are told that they are created, and not by the system.
+class CreationLog {
+public:
+  CreationLog() : m_hook(SetWindowsHookExA(WH_CALLWNDPROC, note, nullptr, GetCurrentThreadId())) { s_told.clear(); }
+  ~CreationLog() { UnhookWindowsHookEx(m_hook); }
+  CreationLog(const CreationLog&) = delete;
+  CreationLog& operator=(const CreationLog&) = delete;
+
+  static const std::vector<HWND>& told() { return s_told; }
+
+private:
+  static LRESULT CALLBACK note(int code, WPARAM wParam, LPARAM lParam) {
+    const auto* sent = reinterpret_cast<CWPSTRUCT*>(lParam);
+    if (code == HC_ACTION && sent->message == WM_CREATE && !sent->lParam) s_told.push_back(sent->hwnd);
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+  }
+
+  static inline std::vector<HWND> s_told;
+  HHOOK m_hook;
+};
+
 class ComponentWindow : public DesktopTest {
 protected:
   /// A control in a window of the application, without a dialog.
@@ -70,6 +91,19 @@ TEST_F(ComponentWindow, TheEdgeOfTheFileIsThereFromTheStart) {
   RECT area{};
   GetClientRect(control->getWidget(), &area);
   EXPECT_EQ(sizeOf(control->getWidget()) - NbVec2i32(area.right, area.bottom), NbVec2i32(2, 2));
+}
+
+TEST_F(ComponentWindow, AnotherEdgeTakesItsRoomAtOnce) {
+  const auto control = build(new Control);
+  const auto widthTaken = [&](int edge) {
+    control->edgeStyle = edge;
+    RECT area{};
+    GetClientRect(control->getWidget(), &area);
+    return sizeOf(control->getWidget())[0] - static_cast<int>(area.right);
+  };
+  EXPECT_EQ(widthTaken(NkDialogComponent::SHADOW_IN), 2);
+  EXPECT_EQ(widthTaken(NkDialogComponent::SHADOW_OUT), 6);
+  EXPECT_EQ(widthTaken(NkDialogComponent::NONE), 0);
 }
 
 TEST_F(ComponentWindow, TheLabelTakesRoomAtTheLeft) {
@@ -252,6 +286,15 @@ TEST_F(ComponentWindow, AWindowThatCannotBeMadeIsTold) {
   EXPECT_TRUE(IsWindow(control->getControl()));
 }
 
+TEST_F(ComponentWindow, AGroupIsToldThatItsWindowIsThere) {
+  const arbora::Ref<NkRowDialog> row(new NkRowDialog);
+  row->addChild(new Control);
+  NbVec2i32 none(0, 0);
+  const CreationLog log;
+  row->buildWidget(makeApplicationWindow(), none, none, 1);
+  EXPECT_EQ(CreationLog::told(), std::vector<HWND>{row->getWidget()});
+}
+
 // Messages
 
 TEST_F(ComponentWindow, TellsOfTheControlsMessages) {
@@ -265,6 +308,17 @@ TEST_F(ComponentWindow, TellsOfTheControlsMessages) {
   EXPECT_EQ(control->notes,
             (std::vector<std::string>{"9 1234567890123", std::to_string(WM_NOTIFY) + " 42",
                                       std::to_string(WM_HSCROLL) + " " + std::to_string(SB_PAGEDOWN | 8 << 16)}));
+}
+
+TEST_F(ComponentWindow, AFrameWithoutItsComponentIsTheSystems) {
+  const auto control = build(new Control);
+  const HWND frame = control->getWidget();
+  const LONG_PTR component = SetWindowLongPtrA(frame, GWLP_USERDATA, 0);
+  SendMessageA(frame, WM_COMMAND, MAKEWPARAM(7, 9), 0);
+  SendMessageA(frame, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("text"));
+  SetWindowLongPtrA(frame, GWLP_USERDATA, component);
+  EXPECT_TRUE(control->notes.empty());
+  EXPECT_EQ(textOf(frame), "text");
 }
 
 TEST_F(ComponentWindow, TheUsersClickComesAsTheControlsNotification) {

@@ -192,6 +192,13 @@ TEST_F(LayoutWindows, AColumnAlignsNothing) {
   }
 }
 
+TEST_F(LayoutWindows, WhatIsPlacedLastStandsInFront) {
+  auto* row = build<NkRowDialog>("RowDialog { DialogLabel { } DialogLabel { } }", NbVec2i32(100, 80));
+  SetWindowPos(row->getChild(1)->getWidget(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+  rebuild(row, NbVec2i32(100, 80));
+  EXPECT_EQ(GetWindow(row->getWidget(), GW_CHILD), row->getChild(1)->getWidget());
+}
+
 // Enabling
 
 TEST_F(LayoutWindows, ADisabledGroupDisablesAllBelow) {
@@ -219,6 +226,18 @@ TEST_F(LayoutWindows, ADisabledGroupDisablesAllBelow) {
   EXPECT_TRUE(IsWindowEnabled(plain->getWidget()));
 }
 
+TEST_F(LayoutWindows, OnlyItsFirstBuildHandsTheGroupsEnableDown) {
+  auto* row = build<NkRowDialog>("RowDialog { enable FALSE DialogLabel { } }", NbVec2i32(100, 80));
+  const HWND label = row->getChild(0)->getWidget();
+  ASSERT_FALSE(IsWindowEnabled(label));
+  EnableWindow(label, TRUE);
+  auto* late = new Control;
+  row->addChild(late);
+  rebuild(row, NbVec2i32(100, 80));
+  EXPECT_TRUE(IsWindowEnabled(label));
+  EXPECT_TRUE(IsWindowEnabled(late->getWidget()));
+}
+
 // Changes of the children
 
 TEST_F(LayoutWindows, AGroupOnShowTakesAChild) {
@@ -233,6 +252,24 @@ TEST_F(LayoutWindows, AGroupOnShowTakesAChild) {
   EXPECT_EQ(heightOf(row, 0) + heightOf(row, 1), row->height.getValue());
   row->removeChild(control);
   EXPECT_EQ(heightOf(row, 0), row->height.getValue());
+}
+
+TEST_F(LayoutWindows, AGroupOnShowFollowsEveryChangeOfItsChildren) {
+  auto* dialog = open("TopLevelDialog { width 300 height 300 RowDialog { auditorID \"row\" DialogLabel { } } }");
+  auto* row = find<NkRowDialog>(dialog, "row");
+  auto* first = new Control;
+  row->insertChild(first, 0);
+  EXPECT_TRUE(IsWindowVisible(first->getControl()));
+  EXPECT_EQ(placeOf(row, 1), rectangle(0, heightOf(row, 0), widthOf(row, 1), heightOf(row, 1)));
+  const HWND replaced = row->getChild(1)->getWidget();
+  auto* second = new Control;
+  row->replaceChild(1, second);
+  EXPECT_FALSE(IsWindow(replaced));
+  EXPECT_TRUE(IsWindowVisible(second->getControl()));
+  const int before = row->minHeight.getValue();
+  row->removeAllChildren();
+  EXPECT_EQ(row->minHeight.getValue(), before - 20);
+  EXPECT_EQ(GetWindow(row->getWidget(), GW_CHILD), nullptr);
 }
 
 TEST_F(LayoutWindows, AGroupThatKeepsItsSizeDoesSoWhenItsChildrenChange) {

@@ -1,4 +1,5 @@
 #include "Panelix/NkDialogCheckBox.h"
+#include "Panelix/NkRowDialog.h"
 
 #include "tests/desktop/ActingTest_win.h"
 #include "tests/desktop/MessageLog_win.h"
@@ -132,14 +133,23 @@ TEST_F(CheckBoxWindow, ItsStateOutlivesItsWindows) {
 }
 
 TEST_F(CheckBoxWindow, TheProgramTellsNoAuditor) {
-  auto* box = buildBox("");
-  CheckBoxListener listener;
-  box->addAuditor(&listener);
+  const arbora::Ref<NkRowDialog> row(new NkRowDialog);
+  auto* box = new NkDialogCheckBox;
+  row->addChild(box);
+  buildAgain(row.get());
+  CheckBoxListener own;
+  DialogListener parents;
+  box->addAuditor(&own);
+  row->addAuditor(&parents);
   box->state = TRUE;
   box->state = FALSE;
-  EXPECT_TRUE(listener.heard.empty());
+  EXPECT_TRUE(own.heard.empty());
+  EXPECT_TRUE(parents.heard.empty());
   clickWindow(box);
-  EXPECT_EQ(listener.heard, std::vector<NkPanelix*>{box});
+  EXPECT_EQ(own.heard, std::vector<NkPanelix*>{box});
+  box->removeAuditor(&own);
+  clickWindow(box);
+  EXPECT_EQ(parents.heard, std::vector<NkPanelix*>{box});
 }
 
 TEST_F(CheckBoxWindow, EachBoxHasItsOwnComponent) {

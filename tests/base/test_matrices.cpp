@@ -30,14 +30,18 @@ float greatestValue(const NbMatrix& m) {
       *std::max_element(m.getValue(), m.getValue() + 16, [](float a, float b) { return std::fabs(a) < std::fabs(b); }));
 }
 
+struct Transform {
+  explicit Transform(const NbMatrix& matrix) { matrix.getTransform(translation, rotation, scale, orientation); }
+  NbVec3f translation;
+  NbRotation rotation;
+  NbVec3f scale;
+  NbRotation orientation; ///< Of the scale.
+};
+
 void expectSameAfterDecomposition(const NbMatrix& matrix) {
-  NbVec3f t;
-  NbRotation r;
-  NbVec3f s;
-  NbRotation so;
-  matrix.getTransform(t, r, s, so);
+  const Transform parts(matrix);
   NbMatrix again;
-  again.setTransform(t, r, s, so);
+  again.setTransform(parts.translation, parts.rotation, parts.scale, parts.orientation);
   EXPECT_TRUE(matrix.equals(again, 2e-5F * greatestValue(matrix)));
 }
 
@@ -158,34 +162,18 @@ TEST(NbMatrix, PlainTransformsComeBackAsTheyWere) {
     const NbVec3f scale = i % 3 == 0 ? NbVec3f(2, 2, 2) : random.scale();
     NbMatrix matrix;
     matrix.setTransform(translation, rotation, scale);
-    NbVec3f t;
-    NbRotation r;
-    NbVec3f s;
-    NbRotation so;
-    matrix.getTransform(t, r, s, so);
-    EXPECT_EQ(t, translation);
-    EXPECT_TRUE(r.equals(rotation, 1e-5F));
-    EXPECT_TRUE(s.equals(scale, 1e-4F));
-    EXPECT_TRUE(so.equals(NbRotation(), 1e-5F));
-  }
-}
-
-TEST(NbMatrix, WhatOnlyMovesAndStretchesComesBackToTheBit) {
-  Random random(5);
-  for (int i = 0; i < 100; ++i) {
-    const NbVec3f translation = random.vector(100);
-    const NbVec3f scale = random.scale();
-    NbMatrix matrix;
+    const Transform parts(matrix);
+    EXPECT_EQ(parts.translation, translation);
+    EXPECT_TRUE(parts.rotation.equals(rotation, 1e-5F));
+    EXPECT_TRUE(parts.scale.equals(scale, 1e-4F));
+    EXPECT_TRUE(parts.orientation.equals(NbRotation(), 1e-5F));
+    // What turns nothing loses nothing at all.
     matrix.setTransform(translation, NbRotation(), scale);
-    NbVec3f t;
-    NbRotation r;
-    NbVec3f s;
-    NbRotation so;
-    matrix.getTransform(t, r, s, so);
-    EXPECT_EQ(t, translation);
-    EXPECT_EQ(r, NbRotation());
-    EXPECT_EQ(s, scale);
-    EXPECT_EQ(so, NbRotation());
+    const Transform exact(matrix);
+    EXPECT_EQ(exact.translation, translation);
+    EXPECT_EQ(exact.rotation, NbRotation());
+    EXPECT_EQ(exact.scale, scale);
+    EXPECT_EQ(exact.orientation, NbRotation());
   }
 }
 
@@ -217,35 +205,27 @@ TEST(NbMatrix, SingularMatricesDecomposeToFiniteParts) {
   NbMatrix flat;
   flat.setTransform(NbVec3f(1, 2, 3), NbRotation(NbVec3f(0, 1, 0), 0.5F), NbVec3f(2, 0, 3));
   expectSameAfterDecomposition(flat);
-  NbVec3f t;
-  NbRotation r;
-  NbVec3f s;
-  NbRotation so;
-  flat.getTransform(t, r, s, so);
-  EXPECT_TRUE(s.equals(NbVec3f(2, 0, 3), 1e-5F));
-  EXPECT_TRUE(r.equals(NbRotation(NbVec3f(0, 1, 0), 0.5F), 1e-5F));
+  EXPECT_TRUE(Transform(flat).scale.equals(NbVec3f(2, 0, 3), 1e-5F));
+  EXPECT_TRUE(Transform(flat).rotation.equals(NbRotation(NbVec3f(0, 1, 0), 0.5F), 1e-5F));
 
   // The lost axis is the one that the rotation turned around.
   const NbRotation half(NbVec3f(1, 0, 0), kPi);
   flat.setTransform(NbVec3f(), half, NbVec3f(2, 0, 3));
-  flat.getTransform(t, r, s, so);
-  EXPECT_TRUE(s.equals(NbVec3f(2, 0, 3), 1e-5F));
-  EXPECT_TRUE(r.equals(half, 1e-5F));
+  EXPECT_TRUE(Transform(flat).scale.equals(NbVec3f(2, 0, 3), 1e-5F));
+  EXPECT_TRUE(Transform(flat).rotation.equals(half, 1e-5F));
 
   const NbMatrix line(1, 2, 3, 0, 2, 4, 6, 0, -1, -2, -3, 0, 0, 0, 0, 1);
   expectSameAfterDecomposition(line);
 
   NbMatrix zero;
   zero.setScale(0);
-  zero.getTransform(t, r, s, so);
-  EXPECT_EQ(s, NbVec3f(0, 0, 0));
-  EXPECT_TRUE(r.equals(NbRotation(), 1e-6F));
+  EXPECT_EQ(Transform(zero).scale, NbVec3f(0, 0, 0));
+  EXPECT_TRUE(Transform(zero).rotation.equals(NbRotation(), 1e-6F));
 
   NbMatrix broken;
   broken[1][1] = std::numeric_limits<float>::quiet_NaN();
-  broken.getTransform(t, r, s, so);
-  EXPECT_EQ(s, NbVec3f(1, 1, 1));
-  EXPECT_EQ(t, NbVec3f(0, 0, 0));
+  EXPECT_EQ(Transform(broken).scale, NbVec3f(1, 1, 1));
+  EXPECT_EQ(Transform(broken).translation, NbVec3f(0, 0, 0));
 }
 
 TEST(NbMatrix, InverseUndoes) {

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <benchmark/benchmark.h>
-
 #include <cstdlib>
 
 #include "Panelix/NkTopLevelDialog.h"
 #include "arbora/win/NkWin.h"
 
-/// A dialog of many rows, and windows by bare calls as it makes them.
+/// Windows by bare calls, as dialogs make them.
 
 inline constexpr int kRows = 1000;
 inline constexpr int kRowHeight = 25;
@@ -57,29 +55,3 @@ struct Frame {
   HWND base;
   HWND inside;
 };
-
-/// `makeRow` gives each component.
-template <class MakeRow>
-arbora::Ref<NkTopLevelDialog> makeRows(MakeRow&& makeRow) {
-  arbora::Ref<NkTopLevelDialog> dialog(new NkTopLevelDialog);
-  for (int i = 0; i < kRows; ++i) dialog->addChild(makeRow());
-  return dialog;
-}
-
-/// How long the 2D form of such a dialog takes.
-template <class MakeRow>
-void buildRows(benchmark::State& state, MakeRow&& makeRow) {
-  NkPanelix::init();
-  for (auto _ : state) {
-    state.PauseTiming();
-    {
-      const arbora::Ref<NkTopLevelDialog> dialog = makeRows(makeRow);
-      state.ResumeTiming();
-      dialog->buildDialog(nullptr, 0);
-      state.PauseTiming(); // Its end isn't counted.
-      if (!dialog->getWidget()) std::abort();
-    }
-    state.ResumeTiming();
-  }
-  NkPanelix::finish();
-}

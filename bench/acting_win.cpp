@@ -1,45 +1,12 @@
-// The native side of push buttons and check boxes, against the bare calls that do the same.
+// The native side of a check box, against the bare calls that do the same.
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
 
 #include "BareWindows_win.h"
 #include "Panelix/NkDialogCheckBox.h"
-#include "Panelix/NkDialogPushButton.h"
 
 namespace {
-
-void bareRows(benchmark::State& state) {
-  NkPanelix::init();
-  for (auto _ : state) {
-    {
-      const Frame frame;
-      for (int i = 0; i < kRows; ++i) {
-        const HWND row = makeWindow(WS_EX_CONTROLPARENT, "BenchmarkFrame", kFrameStyle, frame.inside);
-        const HWND label = makeControl(L"STATIC", WS_CHILD | WS_CLIPCHILDREN | SS_RIGHT, row);
-        ShowWindow(label, SW_SHOW);
-        const HWND button = makeButton(BS_PUSHBUTTON, row);
-        SetWindowPos(row, nullptr, 0, i * kRowHeight, kRowWidth, kRowHeight, SWP_DEFERERASE);
-        SetWindowPos(label, nullptr, 3, 3, kLabelWidth, kRowHeight - 6, SWP_DEFERERASE);
-        SetWindowPos(button, nullptr, 3 + kLabelWidth, 3, kRowWidth - kLabelWidth - 6, kRowHeight - 6, SWP_DEFERERASE);
-      }
-      state.PauseTiming(); // Their end isn't counted.
-    }
-    state.ResumeTiming();
-  }
-  NkPanelix::finish();
-}
-BENCHMARK(bareRows);
-
-void dialogOfRows(benchmark::State& state) {
-  buildRows(state, [] {
-    auto* button = new NkDialogPushButton;
-    button->label = "Panel";
-    button->buttonLabel = "Panel";
-    return button;
-  });
-}
-BENCHMARK(dialogOfRows);
 
 /// The calls that show a state: the check and, twice, the caption for it.
 void bareCheck(benchmark::State& state) {

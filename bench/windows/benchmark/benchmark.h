@@ -101,6 +101,8 @@ inline void runAll() {
 
 } // namespace benchmark
 
-#define BENCHMARK(function) static const bool s_added_##function = benchmark::add(#function, function)
+#define BENCHMARK_JOINED(a, b) a##b
+#define BENCHMARK_NAMED(line) BENCHMARK_JOINED(s_added_, line)
+#define BENCHMARK(function) static const bool BENCHMARK_NAMED(__LINE__) = benchmark::add(#function, function)
 
 int main() { benchmark::runAll(); }

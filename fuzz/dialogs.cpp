@@ -504,13 +504,16 @@ private:
   }
 
   void checkFiles(NkPanelix* node) const {
+    // What was written into a position that follows the other one, the reader's connection overwrites.
+    const std::string text = m_hasForms ? writeTree(node, false) : std::string();
+    const bool follows = text.find(".position3D") != text.npos || text.find(".minimized3DPosition") != text.npos;
     for (const bool binary : {false, true}) {
       const std::string file = writeTree(node, binary);
       const Ref<NkSeparator> again = read(file);
       if (!again || again->getNumChildren() != 1) std::abort();
       if (m_hasForms) {
         // The sizes that a layout has found aren't written.
-        if (writeTree(again->getChild(0), binary) != file) std::abort();
+        if (!follows && writeTree(again->getChild(0), binary) != file) std::abort();
         continue;
       }
       const std::string difference = treeDifference(node, again->getChild(0));

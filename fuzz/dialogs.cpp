@@ -513,7 +513,10 @@ private:
       if (!again || again->getNumChildren() != 1) std::abort();
       if (m_hasForms) {
         // The sizes that a layout has found aren't written.
-        if (!follows && writeTree(again->getChild(0), binary) != file) std::abort();
+        const std::string second = writeTree(again->getChild(0), binary);
+        if (!follows && second != file) std::abort();
+        const Ref<NkSeparator> third = read(second);
+        if (!third || third->getNumChildren() != 1 || writeTree(third->getChild(0), binary) != second) std::abort();
         continue;
       }
       const std::string difference = treeDifference(node, again->getChild(0));

@@ -1,3 +1,5 @@
+#include <set>
+
 #include "Panelix/NkColumnDialog.h"
 #include "Panelix/NkDialogLabel.h"
 #include "Panelix/NkRowDialog.h"
@@ -28,6 +30,19 @@ protected:
     SendMessageA(window, message, static_cast<WPARAM>(code), 0);
   }
   static int positionOf(HWND window, int bar) { return GetScrollPos(window, bar); }
+  /// Opens a dialog around a row that is smaller than its content in both directions.
+  NkTopLevelDialog* openTight(NkRowDialog* row) {
+    auto* dialog = read<NkTopLevelDialog>("TopLevelDialog { width 300 height 250 }");
+    row->minWidth = 50;
+    row->minHeight = 50;
+    dialog->addChild(row);
+    auto* control = new Control;
+    control->minDefault = NbVec2i32(400, 300);
+    row->addChild(control);
+    dialog->buildDialog(nullptr, 0);
+    dialog->show();
+    return dialog;
+  }
   /// Notches away from the user.
   static void turnWheel(NkTopLevelDialog* dialog, int way) {
     SendMessageA(dialog->getBaseWidget(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(way)), 0);
@@ -352,16 +367,9 @@ TEST_F(Scrolling, AGroupMovesItsChildrenBackToItsPositionWhenAsked) {
   public:
     using NkDialogGroup::updateGroupWidgetScrollPosition;
   };
-  auto* dialog = read<NkTopLevelDialog>("TopLevelDialog { width 300 height 250 }");
   auto* row = new Row;
-  row->minWidth = 50;
-  row->minHeight = 50;
-  dialog->addChild(row);
-  auto* control = new Control;
-  control->minDefault = NbVec2i32(400, 300);
-  row->addChild(control);
-  dialog->buildDialog(nullptr, 0);
-  dialog->show();
+  NkTopLevelDialog* dialog = openTight(row);
+  NkDialogComponent* control = row->getChild(0);
   for (int i = 0; i < 5; ++i) scroll(row->getWidget(), WM_VSCROLL, SB_LINEDOWN);
   for (int i = 0; i < 7; ++i) scroll(row->getWidget(), WM_HSCROLL, SB_LINERIGHT);
   resize(dialog->getBaseWidget(), 310, 260);
@@ -418,15 +426,30 @@ TEST_F(Scrolling, AGroupHearsOfItsHorizontalScrollingAhead) {
     }
     int positionAtEvent = -1;
   };
-  auto* dialog = read<NkTopLevelDialog>("TopLevelDialog { width 200 height 150 }");
   auto* row = new Row;
-  row->minWidth = 50;
-  dialog->addChild(row);
-  auto* control = new Control;
-  control->minDefault = NbVec2i32(400, 10);
-  row->addChild(control);
-  dialog->buildDialog(nullptr, 0);
+  openTight(row);
   scroll(row->getWidget(), WM_HSCROLL, SB_LINERIGHT);
   EXPECT_EQ(row->positionAtEvent, 0);
   EXPECT_EQ(positionOf(row->getWidget(), SB_HORZ), 1);
+}
+
+TEST_F(Scrolling, AGroupAsksForItsSizesAheadOfItsBars) {
+  class Row : public NkRowDialog {
+  public:
+    void getDefaultSize(NbVec2i32& size, NbVec2i32& min, NbVec2i32& max) override {
+      NkRowDialog::getDefaultSize(size, min, max);
+      NbVec2i32 border(0, 0);
+      fixSizeWithBorder(border, 1);
+      borders.insert(border[0]);
+    }
+    std::set<int> borders;
+  };
+  auto* row = new Row;
+  NkTopLevelDialog* dialog = openTight(row);
+  ASSERT_NE(barOf(row->getWidget(), SB_VERT), "off");
+  NbVec2i32 withBar(0, 0);
+  row->fixSizeWithBorder(withBar, 1);
+  row->borders.clear();
+  resize(dialog->getBaseWidget(), 310, 260);
+  EXPECT_EQ(row->borders, std::set<int>{withBar[0]}) << "a bar that is on counts until it is decided on anew";
 }
